@@ -1,0 +1,27 @@
+# One library per folder. A room's include path is its own folder and reaches only those who link it, so an
+# include against the arrows does not compile.
+#
+#   add_room(tasks SOURCES a.cpp b.cpp USES controls session INSIDE sqlite3)
+#
+# USES    rooms or libraries that the room's headers name: whoever uses the room sees them too
+# INSIDE  rooms or libraries that only the room's own sources name
+function(add_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES;INSIDE" ${ARGN})
+  if(ROOM_SOURCES)
+    add_library(${name} STATIC ${ROOM_SOURCES})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${ROOM_USES} PRIVATE ${ROOM_INSIDE})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} INTERFACE ${ROOM_USES})
+  endif()
+endfunction()
+
+# add_room_test(tasks SOURCES x_test.cpp USES tasks support): one test program per room, named <room>_tests.
+function(add_room_test room)
+  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${room}_tests ${TEST_SOURCES})
+  target_link_libraries(${room}_tests PRIVATE ${TEST_USES} GTest::gtest GTest::gtest_main)
+  gtest_discover_tests(${room}_tests TEST_PREFIX ${room}. DISCOVERY_MODE PRE_TEST)
+endfunction()
