@@ -1,0 +1,52 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarnel {
+
+// A date on the calendar with the time of day, local wall time, no zone.
+struct CivilTime {
+  int year = 1899;
+  int month = 12;  // 1 to 12
+  int day = 30;    // 1 to 31
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+
+  friend bool operator==(const CivilTime&, const CivilTime&) = default;
+};
+
+// A date as a day number: whole days since 1899-12-30, the time of day as a fraction (OLE automation's date).
+// Before that day the fraction still counts forwards: -1.25 is 1899-12-29 06:00.
+struct Date {
+  double days = 0;
+
+  static Date of(const CivilTime& civil);
+  static Date of(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+    return of(CivilTime{year, month, day, hour, minute, second});
+  }
+
+  // To the nearest second.
+  CivilTime civil() const;
+  // The whole part: the same day at midnight.
+  Date wholeDay() const;
+  bool isMidnight() const { return wholeDay().days == days; }
+  // Whole minutes since midnight of its own day, 0 to 1439; seconds are cut off.
+  std::int32_t minuteOfDay() const;
+
+  friend auto operator<=>(const Date&, const Date&) = default;
+};
+
+// Minutes from one moment to another, counted in minute boundaries; negative when `to` lies before `from`.
+std::int32_t minutesBetween(Date from, Date to);
+
+// "2026-11-19 08:30:00", years 0100 to 9999.
+std::string isoText(Date date);
+// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" behind it. None for any other text.
+std::optional<Date> parseIsoDate(std::string_view text);
+
+}  // namespace tarnel
