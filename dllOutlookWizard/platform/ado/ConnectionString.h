@@ -1,0 +1,14 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace tarnel::ado {
+
+// The parts of "Key=value;Key=value;". Keys are kept in upper case, without blanks around them; of a key that stands
+// twice the last one counts. A value may stand in single or double quotes, which are doubled inside it. Failure
+// failure::engine for a text that can't be read.
+std::map<std::string, std::string> parseConnectionString(std::string_view text);
+
+}  // namespace tarnel::ado

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Enums.h"
+#include "Provider.h"
+
+namespace tarnel::ado {
+
+class Recordset;
+
+// One column of the current row. Cheap to copy; valid while its recordset is open, and always means the current row.
+class Field {
+ public:
+  const std::string& Name() const;
+  // Failure 3021 when there is no current row.
+  const Variant& Value() const;
+  // Sets the value in the row's copy; the database has it behind Update (optimistic or pessimistic) or UpdateBatch.
+  // Failure 3251 on a read-only recordset.
+  void setValue(Variant value);
+
+ private:
+  friend class Recordset;
+  Field(Recordset& owner, std::size_t column) : owner_(&owner), column_(column) {}
+  Recordset* owner_;
+  std::size_t column_;
+};
+
+// A client-side cursor: reads its rows once, when it opens, and walks its own copy. It keeps the original and the
+// current values and which rows are pending, and writes those alone.
+class Recordset {
+ public:
+  Recordset();
+  ~Recordset();
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  // The properties before the open; failure 3705 on an open recordset.
+  void setCursorLocation(CursorLocation location);
+  void setCursorType(CursorType type);
+  void setLockType(LockType type);
+  CursorType cursorType() const;
+  LockType lockType() const;
+
+  // Runs the statement and stands on the first row, or at both ends when there is none. What is passed as unspecified
+  // stays as the properties say. An empty connection string is failure 3709.
+  void Open(Provider& provider, std::string statement, std::string connectionString,
+            CursorType type = CursorType::unspecified, LockType lock = LockType::unspecified,
+            CommandType command = CommandType::text);
+  // Lets go of the connection: the rows stay, writing and requerying fail with 3709.
+  void disconnect();
+  // Drops what is pending. Failure 3704 when it is closed already.
+  void Close();
+  State state() const;
+
+  // Where the cursor stands. An empty recordset stands at both ends.
+  bool atBOF() const;
+  bool atEOF() const;
+  std::int32_t RecordCount() const;
+  // 1 for the first row; -1 before the first, -3 behind the last.
+  std::int32_t AbsolutePosition() const;
+  // Failure 3021 on an empty recordset.
+  void MoveFirst();
+  // Failure 3021 when it stands behind the last row already. Moving off a row keeps what was set in it.
+  void MoveNext();
+  // Moves to the first row, from the first on, whose `column` equals `value`, case ignored; Null equals nothing.
+  // None: stands at EOF. Failure 3265 when there is no such column.
+  void Find(std::string_view column, const Variant& value);
+
+  // Columns are named without regard to case; of two with one name the first is meant. Failure 3265 when there is none.
+  Field Fields(std::string_view name);
+  Field Fields(std::size_t index);
+  std::size_t fieldCount() const;
+
+  // Appends a pending row with the columns' defaults still to come and makes it the current one.
+  void AddNew();
+  // Ends the editing of the current row. Not batch-optimistic: writes it.
+  void Update();
+  // Writes all pending rows in one transaction and visits only those. On a failure they stay pending and nothing
+  // is written.
+  void UpdateBatch(Affect affect = Affect::all);
+
+  // Runs the statement again and stands on the first row; what was pending is dropped. `options` is -1.
+  void Requery(std::int32_t options = -1);
+  // Reads the rows that are there anew from the database, in their places. A row that has gone there keeps its values
+  // and fails at its next write.
+  void Resync(Affect affect = Affect::all, ResyncValues values = ResyncValues::all);
+
+  // "column [ASC|DESC][, ...]"; empty for the statement's own order. Stands on the first row afterwards.
+  void setSort(std::string_view columns);
+  // "column operator value [AND ...]", texts in single quotes, dates between "#"; empty for none. Rows that do not
+  // match are passed over by everything. Stands on the first row afterwards. Failure 3001 for a text that can't be
+  // read.
+  void setFilter(std::string_view criterion);
+
+ private:
+  friend class Field;
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace tarnel::ado
