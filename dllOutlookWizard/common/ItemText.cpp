@@ -1,0 +1,30 @@
+#include "ItemText.h"
+
+#include "Conversions.h"
+#include "StandardHandler.h"
+
+namespace tarnel {
+
+std::string Quote(const Variant& value) {
+  return standardHandler<std::string>(modules::m_OutlookWizard, "Quote",
+                                      [&](std::string& result) { result = '"' + toText(value) + '"'; });
+}
+
+std::string ZapAmps(const std::string& text) {
+  return standardHandler<std::string>(modules::m_OutlookWizard, "ZapAmps", [&](std::string& result) {
+    result.reserve(text.size());
+    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
+  });
+}
+
+SmartItem* GetItemSelected(SmartItem& item) {
+  return standardHandler<SmartItem*>(modules::m_OutlookWizard, "GetItemSelected", [&](SmartItem*& found) {
+    for (SmartItem& entry : item.SubItems()) {
+      if (item.Value() != Variant(entry.Caption())) continue;
+      found = &entry;
+      return;
+    }
+  });
+}
+
+}  // namespace tarnel

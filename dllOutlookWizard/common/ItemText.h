@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "SmartItems.h"
+#include "Variant.h"
+
+namespace tarnel {
+
+// The text with a double quote on each side; quotes inside it are not doubled.
+std::string Quote(const Variant& value);
+
+// Doubles every "&", so that a caption shows it instead of underlining the next letter.
+std::string ZapAmps(const std::string& text);
+
+// The first entry of a drop-down whose caption is the item's Value; null when none is.
+SmartItem* GetItemSelected(SmartItem& item);
+
+}  // namespace tarnel
