@@ -92,4 +92,8 @@ class AppointmentItem : public Item {
   virtual std::int32_t Sensitivity() const = 0;
 };
 
+// The item as what it must be. Failure 438 when it is of the other kind, 91 when there is none.
+std::shared_ptr<TaskItem> asTask(const std::shared_ptr<Item>& item);
+std::shared_ptr<AppointmentItem> asAppointment(const std::shared_ptr<Item>& item);
+
 }  // namespace tarnel::outlook

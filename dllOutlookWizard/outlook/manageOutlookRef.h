@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Application.h"
+
+namespace tarnel {
+
+// Attaches to Outlook anew: lets go of what the session held, attaches to the running Outlook, or creates one where
+// a profile is chosen or none runs, and logs on. True when session().theOutlookApp and theOutlookNS are set and
+// logged on. False when both attempts failed; the user has been told, and either may be set or empty.
+bool manageOutlookRef();
+
+// What a routine says when it can't go on without Outlook.
+void tellOutlookIsOutOfReach();
+
+// The session's objects. Failure 91 while they are empty.
+outlook::Application& outlookApplication();
+outlook::NameSpace& outlookNameSpace();
+
+}  // namespace tarnel
