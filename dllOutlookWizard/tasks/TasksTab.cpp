@@ -1,0 +1,79 @@
+#include "TasksTab.h"
+
+#include "TaskPicker.h"
+
+namespace tarnel {
+namespace {
+
+struct ActionTips {
+  const char* markAsDone;
+  const char* remove;
+  const char* update;
+};
+
+void makeActions(SmartUI& bar, const ActionTips& tips) {
+  const auto add = [&bar](const char* key, const char* caption, const char* toolTip) {
+    bar.Items().Add(0, key, caption, ItemType::button).setToolTipText(toolTip);
+  };
+  add("ALL", "All", "Select all Tasks");
+  add("NONE", "None", "Unselect all Tasks");
+  bar.Items().Add(0, "", "", ItemType::separator);
+  add("MARKASDONE", "Mark as Done", tips.markAsDone);
+  add("DELETE", "Delete", tips.remove);
+  add("UPDATE", "Copy/Update", tips.update);
+}
+
+}  // namespace
+
+TasksTab::TasksTab(FormState& form)
+    : panel("picWiz", 1),
+      splitTasks("splitTasks"),
+      lists(form),
+      form_(form),
+      tarnelPane_("paneAppt", 0),
+      outlookPane_("paneAppt", 3),
+      tarnelCaption_("lblShow", 3, Label::Look::band, "Tarnel"),
+      outlookCaption_("lblShow", 4, Label::Look::band, "Microsoft Outlook"),
+      tarnelActions_("smtTaskActions", 0, SmartUI::Look::bar),
+      outlookActions_("smtTaskActions", 1, SmartUI::Look::bar),
+      tarnelResizer_("SSResizer1", 6),
+      outlookResizer_("SSResizer1", 7) {
+  makeActions(tarnelActions_,
+              {"Mark as completed", "Delete selected Tasks", "Copy or updated selected tasks to Microsoft Outlook."});
+  makeActions(outlookActions_, {"Mark Tasks as done in Outlook", "Delete selected Tasks from Outlook",
+                                "Copy/Update selected tasks to a Tarnel Project"});
+  splitTasks.setContainer(panel);
+  for (Control* control :
+       std::initializer_list<Control*>{&tarnelCaption_, &lists.smtSkedPickTasks, &lists.tarnelList, &tarnelActions_})
+    control->setContainer(tarnelPane_);
+  for (Control* control : std::initializer_list<Control*>{&outlookCaption_, &lists.outlookList, &outlookActions_})
+    control->setContainer(outlookPane_);
+
+  const auto placedByHandler = [this](SSResizer& resizer, SSPanel& pane, void (TasksTab::*lay)()) {
+    resizer.attach(pane);
+    connections_.push_back(resizer.BeforeResize.connect([](SSResizer& itself) { itself.setRepositioning(false); }));
+    connections_.push_back(resizer.ResizeComplete.connect([this, lay] { (this->*lay)(); }));
+  };
+  placedByHandler(tarnelResizer_, tarnelPane_, &TasksTab::layTarnelPane);
+  placedByHandler(outlookResizer_, outlookPane_, &TasksTab::layOutlookPane);
+  splitTasks.Panes("Left").setContent(tarnelPane_);
+  splitTasks.Panes("Right").setContent(outlookPane_);
+
+  connections_.push_back(tarnelActions_.Click.connect([this](SmartItem& item) { smtTaskActions_Click(0, item); }));
+  connections_.push_back(outlookActions_.Click.connect([this](SmartItem& item) { smtTaskActions_Click(1, item); }));
+}
+
+std::vector<Control*> TasksTab::controls() {
+  return {
+      &panel,          &splitTasks,   &tarnelPane_,     &tarnelCaption_,    &lists.smtSkedPickTasks, &lists.tarnelList,
+      &tarnelActions_, &outlookPane_, &outlookCaption_, &lists.outlookList, &outlookActions_,        &tarnelResizer_,
+      &outlookResizer_};
+}
+
+void TasksTab::setupPicker() {
+  setupSkedPickTasksList(lists.smtSkedPickTasks);
+  setupSkedPickTasksSort(lists.smtSkedPickTasks);
+  putPickerOnStart(lists.smtSkedPickTasks);
+}
+
+}  // namespace tarnel

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "FormState.h"
+#include "Recordset.h"
+#include "SmartUI.h"
+#include "clsTaskList.h"
+
+namespace tarnel {
+
+// Pictures of a row, which also tell whether it is linked.
+namespace rowPicture {
+inline constexpr const char* tarnel = "Tarnel";    // in the Outlook list: linked to a task
+inline constexpr const char* outlook = "OUTLOOK";  // in the Tarnel list: linked to an item; in the other: not linked
+inline constexpr const char* none = "NONE";        // in the Tarnel list: not linked
+}  // namespace rowPicture
+
+// Names of the entries of a row's tag that are read again.
+namespace rowTag {
+inline constexpr const char* outlookId = "OUTLOOKID";
+inline constexpr const char* timeNeeded = "TIMENEEDED";
+inline constexpr const char* timeSpent = "TIMESPENT";
+inline constexpr const char* entryId = "ENTRYID";
+inline constexpr const char* tarnelGuid = "BrackwellTarnelGUID";
+}  // namespace rowTag
+
+// The two check lists with the picker that says what the Tarnel one shows: index 0 the tasks of the database, 1 the
+// open tasks of Outlook.
+class TaskLists {
+ public:
+  explicit TaskLists(FormState& form);
+
+  SmartUI smtSkedPickTasks;
+  SmartUI tarnelList;   // smtTaskList(0)
+  SmartUI outlookList;  // smtTaskList(1)
+
+  // The records of the last fill or transfer. Behind a fill just those that the Tarnel list shows.
+  std::shared_ptr<clsTaskList> theTaskData;
+  std::shared_ptr<ado::Recordset> theTaskRows;
+
+  bool theShowCompleted = false;
+  std::string theTaskPickName;  // both empty until the user changes the pick
+  std::string theTaskPickKey;
+
+  // Codes of the picker's choice.
+  const std::string& pickCode() const { return smtSkedPickTasks.Items().Item("TASKPICK").Tag(); }
+  const std::string& sortCode() const { return smtSkedPickTasks.Items().Item("SORTPICK").Tag(); }
+
+  // Fills the list from the database. False behind a reported failure; the rows added before it stay.
+  bool GetTarnelTasks(const std::string& sortCode, const std::string& pickCode, SmartUI& list);
+  // The same for the Tarnel list, as the picker stands.
+  bool refillTarnelList() { return GetTarnelTasks(sortCode(), pickCode(), tarnelList); }
+  // Fills the Outlook list with the first 2000 open tasks. False, and told, when Outlook is out of reach. Other
+  // failures go to the caller.
+  bool GetOutlookTasks();
+
+  // Closes the records if they are open, and lets go of them.
+  void closeRows();
+
+ private:
+  void smtSkedPickTasks_Change(SmartItem& item);
+  void switchCompleted(SmartItem& entry);
+  void refillByPicker();
+
+  FormState& form_;
+  Connection onPick_;
+};
+
+}  // namespace tarnel

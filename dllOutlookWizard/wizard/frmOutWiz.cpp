@@ -1,0 +1,118 @@
+#include "frmOutWiz.h"
+
+#include <array>
+#include <functional>
+
+#include "Platform.h"
+#include "SessionSettings.h"
+#include "StandardHandler.h"
+#include "m_OutlookWizard.h"
+
+namespace tarnel {
+namespace {
+
+// A day number up to this one is no date that a host means.
+constexpr double lastUnsetDay = 1000;
+
+}  // namespace
+
+frmOutWiz::frmOutWiz()
+    : Form("frmOutWiz", "Tarnel Outlook Wizard"),
+      Label1_("Label1", Label::Look::backdrop),
+      lblHeader_("lblHeader", Label::Look::heading),
+      tabWiz_("tabWiz", {"&Tasks", "&Appointments", "&Outlook Settings"}),
+      tasks_(state_),
+      appointments_(state_),
+      settings_(state_),
+      smtActions_("smtActions", SmartUI::Look::bar),
+      imgOutlook_("imgOutlook", "OUTLOOK"),
+      imgTarnel_("imgTarnel", "Tarnel"),
+      imgCheck_("imgCheck", "CHECK"),
+      formResizer_("SSResizer1", 0),
+      appointmentsResizer_("SSResizer1", 1),
+      tasksResizer_("SSResizer1", 2),
+      settingsResizer_("SSResizer1", 5) {
+  makeControls();
+  anchorControls();
+  listenToControls();
+}
+
+void frmOutWiz::makeControls() {
+  const auto add = [this](const char* key, const char* caption, const char* toolTip) -> SmartItem& {
+    SmartItem& item = smtActions_.Items().Add(0, key, caption, ItemType::button);
+    item.setToolTipText(toolTip);
+    return item;
+  };
+  add("HELP", "&Help", "Help with the Outlook Wizard");
+  add("DONE", "&Done", "Close the Outlook Wizard");
+  add("CANCEL", "C&ancel", "Cancel change(s) to Settings").setVisible(false);
+  add("UPDATE", "&Update", "Apply Setting change(s) and close Wizard").setVisible(false);
+  tasks_.panel.setVisible(false);
+
+  const auto addAll = [this](const std::vector<Control*>& controls) {
+    for (Control* control : controls) addControl(*control);
+  };
+  addAll({&Label1_, &lblHeader_, &tabWiz_});
+  addAll(tasks_.controls());
+  addAll(appointments_.controls());
+  addAll(settings_.controls());
+  addAll({&smtActions_, &imgOutlook_, &imgTarnel_, &imgCheck_, &formResizer_, &appointmentsResizer_, &tasksResizer_,
+          &settingsResizer_});
+}
+
+void frmOutWiz::listenToControls() {
+  connections_.push_back(tabWiz_.Switching.connect([this](std::size_t tab) { tabWiz_Switching(tab); }));
+  connections_.push_back(smtActions_.Click.connect([this](SmartItem& item) { smtActions_Click(item); }));
+  connections_.push_back(tasks_.splitTasks.SplitterEndDrag.connect([this] { splitTasks_SplitterEndDrag(); }));
+  connections_.push_back(appointments_.splitAppts.SplitterEndDrag.connect([this] { splitAppts_SplitterEndDrag(); }));
+}
+
+void frmOutWiz::Form_Load() {
+  standardHandler(modules::frmOutWiz, "Form_Load", [this] {
+    state_.formLoading = true;
+    appointments_.addImages({imgOutlook_.Picture(), imgTarnel_.Picture(), imgCheck_.Picture()});
+    state_.formLoading = false;
+  });
+}
+
+void frmOutWiz::SetupForm(Date CurDate) {
+  standardHandler(modules::frmOutWiz, "SetupForm", [&] {
+    state_.formLoading = true;
+    state_.formCurDate = CurDate.wholeDay().days <= lastUnsetDay ? platform().clock.now().wholeDay() : CurDate;
+    const std::array<std::function<void()>, 6> steps{
+        [this] { appointments_.showFormDate(); },    [this] { loadMySettings(); },
+        [this] { tasks_.lists.GetOutlookTasks(); },  [this] { tasks_.setupPicker(); },
+        [this] { tasks_.lists.refillTarnelList(); }, [this] { openFirstTab(); }};
+    for (const auto& step : steps) {
+      if (!isLoaded()) return;  // a failure in the step before took the form away
+      step();
+    }
+    state_.formLoading = false;
+    UNlockTabs();
+  });
+}
+
+bool frmOutWiz::loadMySettings() {
+  return standardHandler<bool>(modules::frmOutWiz, "loadMySettings", [this](bool& loaded) {
+    readLevelNamesAndPoints();
+    readLayout(state_);
+    readDateFormats();
+    readIntegration();
+    readProjects();
+    placeBySettings();
+    readProfile();
+    settingsRead_ = true;
+    loaded = true;
+  });
+}
+
+void frmOutWiz::openFirstTab() {
+  if (session().curDoingAppts) {
+    tabWiz_.setCurrent(1);
+  } else {
+    tabWiz_.setCurrent(0);
+    SetVisibleTab(1);
+  }
+}
+
+}  // namespace tarnel
