@@ -1,0 +1,222 @@
+#include "ScriptDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "Form.h"
+#include "Panels.h"
+#include "SSSplitter.h"
+#include "SftTabs.h"
+#include "SmartUI.h"
+#include "ctDropDate.h"
+#include "ctMDay.h"
+
+namespace tarnel::script {
+namespace {
+
+// One of each kind of control that a command acts on, in a panel that can be hidden.
+class SmallForm : public Form {
+ public:
+  explicit SmallForm(Desktop& onDesktop) : Form("frmSmall", "Small"), desktop(onDesktop) {
+    for (Control* control : std::initializer_list<Control*>{&tabs, &panel, &list, &bar, &day, &date, &split})
+      addControl(*control);
+    for (Control* inside : std::initializer_list<Control*>{&list, &bar, &day, &date, &split})
+      inside->setContainer(panel);
+    list.Items().Add(0, "A", "First & best", ItemType::checkRow);
+    list.Items().Add(0, "NOTE", "Only text", ItemType::label);
+    SmartItem& pick = bar.Items().Add(0, "PICK", "", ItemType::dropDown);
+    pick.SubItems().Add(0, "HEAD", "Group", ItemType::group);
+    pick.SubItems().Add(0, "ONE", "Number one", ItemType::dropDownEntry);
+    bar.Items().Add(0, "DONE", "&Done", ItemType::button);
+    bar.Items().Add(0, "GHOST", "Ghost", ItemType::button).setVisible(false);
+    bar.Items().Add(0, "OPT", "Option", ItemType::option);
+    SmartItem& menu = bar.Items().Add(0, "MENU", "Menu", ItemType::menu);
+    menu.SubItems().Add(0, "ENTRY", "Entry", ItemType::menuEntry);
+    day.AppAdd(540, 600, 46345, "Talk", "K1");
+    Move(100, 200, 8400, 6000);
+    click = bar.Click.connect([this](SmartItem& item) { pressed(item.Key()); });
+  }
+
+  void pressed(const std::string& key) {
+    clicks += key + " ";
+    if (key == "DONE") desktop.message({"Closing", "T", MessageIcon::critical, MessageButtons::ok});
+    if (key == "DONE") unload();
+    if (key == "ENTRY" &&
+        desktop.message({"Sure?", "T", MessageIcon::information, MessageButtons::yesNo}) == MessageAnswer::yes)
+      clicks += "yes ";
+  }
+
+  Desktop& desktop;
+  SftTabs tabs{"tabWiz", {"&One", "&Two"}};
+  PictureBox panel{"picWiz", 0};
+  SmartUI list{"smtList", 0, SmartUI::Look::checkList};
+  SmartUI bar{"smtActions", SmartUI::Look::bar};
+  ctMDay day{"ctDaySked", 0};
+  ctDropDate date{"ctDeadline"};
+  SSSplitter split{"splitTasks"};
+  Connection click;
+  std::string clicks;
+  int lastKey = 0;
+
+ protected:
+  void Form_KeyDown(int& keyCode) override { lastKey = keyCode; }
+};
+
+class Script : public testing::Test {
+ protected:
+  // Shows the form with these commands and gives the facts.
+  std::vector<nlohmann::json> run(const std::string& commandLines) {
+    commands.str(commandLines);
+    form.load();
+    form.showModal(desktop);
+    return told();
+  }
+  std::vector<nlohmann::json> told() {
+    std::vector<nlohmann::json> lines;
+    std::istringstream in(facts.str());
+    for (std::string line; std::getline(in, line);) lines.push_back(nlohmann::json::parse(line));
+    return lines;
+  }
+
+  std::istringstream commands;
+  std::ostringstream facts;
+  ScriptDesktop desktop{commands, facts};
+  SmallForm form{desktop};
+};
+
+TEST_F(Script, userCommandsActOnTheControlsAndAreAnsweredOneByOne) {
+  const auto lines =
+      run("check smtList(0) A on\n\nchoose smtActions PICK \"Number one\"\ndate 2026-11-19\nsplit splitTasks 3000\n"
+          "resize 9000 7000\ntab 1\nkey 13\nclick smtActions OPT\n");
+  EXPECT_EQ(facts.str(),
+            "{\"reply\":\"check\"}\n{\"reply\":\"choose\"}\n{\"reply\":\"date\"}\n{\"reply\":\"split\"}\n"
+            "{\"reply\":\"resize\"}\n{\"reply\":\"tab\"}\n{\"reply\":\"key\"}\n{\"reply\":\"click\"}\n");
+  EXPECT_TRUE(form.list.Items().Item("A").Checked());
+  EXPECT_EQ(form.bar.Items().Item("PICK").Value(), Variant("Number one"));
+  EXPECT_EQ(form.date.Date(), Date::of(2026, 11, 19));
+  EXPECT_EQ(form.placement(), (Placement{100, 200, 9000, 7000}));
+  EXPECT_EQ(form.tabs.Current(), 1U);
+  EXPECT_EQ(form.lastKey, 13);
+  EXPECT_FALSE(form.isLoaded()) << "the end of the input is the close box";
+}
+
+TEST_F(Script, factsOfACommandComeBeforeItsReplyAndTheClosingCommandHasOne) {
+  run("answer yes\nclick smtActions ENTRY\nclick smtActions ENTRY\nclick smtActions DONE\nkey 27\n");
+  EXPECT_EQ(form.clicks, "ENTRY yes ENTRY DONE ");
+  const std::string question = R"({"question":{"icon":"information","title":"T","text":"Sure?","answer":)";
+  EXPECT_EQ(facts.str(), R"({"reply":"answer"})"
+                         "\n" +
+                             question + "\"yes\"}}\n{\"reply\":\"click\"}\n" + question +
+                             "\"no\"}}\n{\"reply\":\"click\"}\n" +
+                             R"({"message":{"icon":"critical","title":"T","text":"Closing"}})"
+                             "\n{\"reply\":\"click\"}\n");
+}
+
+TEST_F(Script, refusedCommandChangesNothingAndRepeatsItself) {
+  const std::vector<std::string> refused{
+      "fly",
+      "show me",
+      "list nothing",
+      "list tabWiz",
+      "click smtActions GHOST",
+      "click smtActions NONE",
+      "click smtList(0) NOTE",
+      "click smtActions PICK",
+      "check smtActions DONE on",
+      "check smtList(0) A maybe",
+      "check smtActions OPT off",
+      "choose smtActions PICK Group",
+      "choose smtActions PICK Nine",
+      "choose smtActions DONE x",
+      "sked 1",
+      "sked x",
+      "select 0 0",
+      "select 0 2",
+      "tab 2",
+      "tab -1",
+      "key 0",
+      "key a",
+      "date 2026-02-30",
+      "date \"2026-02-03 10:00\"",
+      "resize 10",
+      "resize -1 5",
+      "resize 99999999 5",
+      "split splitAppts 5",
+      "answer perhaps",
+      "list \"open",
+  };
+  std::string all;
+  for (const std::string& line : refused) all += line + "\n";
+  const auto lines = run(all);
+  ASSERT_EQ(lines.size(), refused.size());
+  for (std::size_t i = 0; i < refused.size(); ++i) {
+    EXPECT_TRUE(lines[i].contains("error")) << lines[i];
+    EXPECT_EQ(lines[i]["command"], refused[i]);
+  }
+  EXPECT_EQ(form.clicks, "");
+  EXPECT_EQ(form.placement(), (Placement{100, 200, 8400, 6000}));
+}
+
+TEST_F(Script, whatAUserCannotReachIsRefused) {
+  form.panel.setVisible(false);
+  form.tabs.setTabEnabled(1, false);
+  for (const auto& line : run("check smtList(0) A on\nclick smtActions DONE\ndate 2026-11-19\nselect 0 1\ntab 1\n"))
+    EXPECT_TRUE(line.contains("error")) << line;
+  EXPECT_FALSE(form.list.Items().Item("A").Checked());
+}
+
+TEST_F(Script, stateIsToldWhole) {
+  desktop.setSizes([] { return std::vector<float>{1, 0.5F}; });
+  const auto lines = run("show\nlist smtActions\nsked 0\n");
+  EXPECT_EQ(lines[0].dump(),
+            R"({"buttons":{"DONE":true,"GHOST":false,"MENU":true,"OPT":true,"PICK":true},"date":"1899-12-30",)"
+            R"("form":{"height":6000.0,"left":100.0,"name":"frmSmall","top":200.0,"width":8400.0},"header":null,)"
+            R"("meSizes":[1.0,0.5],"panel":0,"pointer":0,"reply":"show","tab":0,"tabsEnabled":[true,true]})");
+  EXPECT_EQ(lines[1]["items"][0]["subItems"][1]["caption"], "Number one");
+  EXPECT_EQ(lines[1]["items"][0]["value"], nullptr);
+  EXPECT_EQ(lines[2]["rows"][0].dump(),
+            R"({"allDay":false,"color":16777215,"date":"2026-11-19","end":600,"index":1,"key":"K1","markImage":0,)"
+            R"("ownerImage":0,"start":540,"state":0,"tag":"","text":"Talk"})");
+}
+
+TEST_F(Script, nestedFormTakesTheCommandsUntilItGoes) {
+  auto popup = std::make_unique<SmallForm>(desktop);
+  const Connection opens = form.bar.Click.connect([&](SmartItem& item) {
+    if (item.Key() != "OPT") return;
+    popup->load();
+    popup->showModal(desktop);
+    popup.reset();
+  });
+  run("click smtActions OPT\nkey 65\nclosebox\nkey 66\n");
+  EXPECT_EQ(form.lastKey, 66);
+  EXPECT_EQ(told()[0], R"({"reply":"key"})"_json);
+  EXPECT_EQ(told()[2], R"({"reply":"click"})"_json) << "the click is over when the popup has gone";
+}
+
+TEST_F(Script, formDestroyedByItsOwnCommandEndsTheLoop) {
+  auto mortal = std::make_unique<SmallForm>(desktop);
+  const Connection destroys = mortal->bar.Click.connect([&](SmartItem&) {
+    if (mortal) mortal->unload();
+    mortal.reset();
+  });
+  commands.str("click smtActions OPT\nkey 1\n");
+  mortal->load();
+  mortal->showModal(desktop);
+  EXPECT_EQ(facts.str(), "{\"reply\":\"click\"}\n");
+}
+
+TEST_F(Script, outsideFactsAndStrayBytesAreWritten) {
+  desktop.tellEvent("UpdateOutlookSettings", {{"newTask", 1}, {"newProfile", "A\xFF"}});
+  desktop.report({"P", "M", "F", "Overflow", 6, 0, ""});
+  desktop.tellReturned(false);
+  EXPECT_EQ(facts.str(),
+            "{\"event\":\"UpdateOutlookSettings\",\"newTask\":1,\"newProfile\":\"A\xEF\xBF\xBD\"}\n"
+            "{\"report\":{\"project\":\"P\",\"module\":\"M\",\"procedure\":\"F\",\"text\":\"Overflow\",\"number\":6,"
+            "\"lineMark\":0,\"profile\":\"\"}}\n{\"returned\":false}\n");
+}
+
+}  // namespace
+}  // namespace tarnel::script
