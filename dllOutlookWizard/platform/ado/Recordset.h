@@ -19,8 +19,10 @@ class Field {
   // Failure 3021 when there is no current row.
   const Variant& Value() const;
   // Sets the value in the row's copy; the database has it behind Update (optimistic or pessimistic) or UpdateBatch.
-  // Failure 3251 on a read-only recordset.
-  void setValue(Variant value);
+  // The value is kept as its column holds it, by the rules of Conversions.h, and other columns of the same origin
+  // follow. Failure 3251 on a read-only recordset or result, 3021 without a current row, 13 or 6 for a value that
+  // doesn't fit.
+  void setValue(const Variant& value);
 
  private:
   friend class Recordset;
@@ -42,6 +44,7 @@ class Recordset {
   void setCursorLocation(CursorLocation location);
   void setCursorType(CursorType type);
   void setLockType(LockType type);
+  CursorLocation cursorLocation() const;
   CursorType cursorType() const;
   LockType lockType() const;
 
@@ -60,11 +63,11 @@ class Recordset {
   bool atBOF() const;
   bool atEOF() const;
   std::int32_t RecordCount() const;
-  // 1 for the first row; -1 before the first, -3 behind the last.
+  // 1 for the first row, -3 at EOF.
   std::int32_t AbsolutePosition() const;
   // Failure 3021 on an empty recordset.
   void MoveFirst();
-  // Failure 3021 when it stands behind the last row already. Moving off a row keeps what was set in it.
+  // Failure 3021 when it stands behind the last row already. Moving off a row ends its editing as Update does.
   void MoveNext();
   // Moves to the first row, from the first on, whose `column` equals `value`, case ignored; Null equals nothing.
   // None: stands at EOF. Failure 3265 when there is no such column.
@@ -75,7 +78,8 @@ class Recordset {
   Field Fields(std::size_t index);
   std::size_t fieldCount() const;
 
-  // Appends a pending row with the columns' defaults still to come and makes it the current one.
+  // Appends a pending row and makes it the current one. What isn't set in it reads as Null until it was written, and as
+  // the database's defaults afterwards. Failure 3251 as in setValue.
   void AddNew();
   // Ends the editing of the current row. Not batch-optimistic: writes it.
   void Update();
@@ -83,13 +87,16 @@ class Recordset {
   // is written.
   void UpdateBatch(Affect affect = Affect::all);
 
-  // Runs the statement again and stands on the first row; what was pending is dropped. `options` is -1.
+  // Runs the statement again and stands on the first row; what was pending is dropped, filter and sort stay. `options`
+  // is -1.
   void Requery(std::int32_t options = -1);
   // Reads the rows that are there anew from the database, in their places. A row that has gone there keeps its values
-  // and fails at its next write.
+  // and fails at its next write. What was set and not written is dropped with `all` and kept with `underlying`; new
+  // rows stay pending. Failure 3251 where rows can't be told in the database.
   void Resync(Affect affect = Affect::all, ResyncValues values = ResyncValues::all);
 
-  // "column [ASC|DESC][, ...]"; empty for the statement's own order. Stands on the first row afterwards.
+  // "column [ASC|DESC][, ...]"; empty for the statement's own order. Stands on the first row afterwards. Like the
+  // filter it is worked out here and at Requery: a value that is set later moves no row, and a new row is the last.
   void setSort(std::string_view columns);
   // "column operator value [AND ...]", texts in single quotes, dates between "#"; empty for none. Rows that do not
   // match are passed over by everything. Stands on the first row afterwards. Failure 3001 for a text that can't be

@@ -1,0 +1,15 @@
+#include "Provider.h"
+
+#include "Failure.h"
+
+namespace tarnel::ado {
+
+std::shared_ptr<Session> connect(Provider& provider, std::string_view connectionString) {
+  if (connectionString.empty())
+    throw Failure(failure::noConnection,
+                  "The connection cannot be used to perform this operation. It is either closed or invalid in this "
+                  "context.");
+  return provider.open(connectionString);
+}
+
+}  // namespace tarnel::ado

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "KeyIndex.h"
+#include "Provider.h"
+
+namespace tarnel::ado {
+
+// The rows of a recordset in the order of their reading: current values, the originals of what was set, and which rows
+// are pending. Columns and rows are numbered from 0.
+class RowStore {
+ public:
+  RowStore() = default;
+  explicit RowStore(Result result);
+
+  // Columns and origin of the rows.
+  const Result& result() const { return result_; }
+  const Column& column(std::size_t index) const { return result_.columns[index]; }
+  std::size_t columnCount() const { return result_.columns.size(); }
+  // The first column of that name, case ignored. Failure 3265 when there is none.
+  std::size_t columnNamed(std::string_view name) const;
+  std::size_t rowCount() const { return result_.rows.size(); }
+  const Variant& value(std::size_t row, std::size_t column) const { return result_.rows[row][column]; }
+
+  // Sets a value as its column holds it and makes the row pending. Columns of one origin change together.
+  void set(std::size_t row, std::size_t column, const Variant& value);
+  // A new pending row behind the others, all Null; its number.
+  std::size_t append();
+
+  // Rows whose `column` equals `value`, case ignored, in no order. The first question about a column builds its index.
+  std::vector<std::size_t> rowsEqual(std::size_t column, const Variant& value);
+
+  bool isPending(std::size_t row) const { return pending_.contains(row); }
+  std::vector<std::size_t> pendingRows() const;
+  std::vector<Change> changesOf(const std::vector<std::size_t>& rows) const;
+  // The changes of these rows are in the database now.
+  void settle(const std::vector<std::size_t>& rows, const std::vector<Written>& written);
+
+  // Rows that the database knows, and their identities.
+  std::vector<std::size_t> storedRows() const;
+  std::vector<Identity> identitiesOf(const std::vector<std::size_t>& rows) const;
+  // Takes over what the database holds now. What was set and is pending stays when `keepPending`, against new
+  // originals.
+  void refresh(std::size_t row, const Row& values, bool keepPending);
+
+ private:
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const;
+  };
+  struct NameEqual {
+    using is_transparent = void;
+    bool operator()(std::string_view left, std::string_view right) const;
+  };
+  struct Pending {
+    Change::Kind kind = Change::Kind::update;
+    std::map<std::size_t, Variant> originals;  // by column; of several columns of one origin by the first
+  };
+
+  void assign(std::size_t row, std::size_t column, const Variant& value);
+  void assignAll(std::size_t row, std::size_t column, const Variant& value);
+  Identity identityOf(std::size_t row) const;
+
+  Result result_;
+  std::unordered_map<std::string, std::size_t, NameHash, NameEqual> names_;
+  std::vector<std::vector<std::size_t>> sameOrigin_;  // a column's group, itself included, ascending
+  std::map<std::size_t, Pending> pending_;
+  std::map<std::size_t, KeyIndex> indexes_;
+};
+
+}  // namespace tarnel::ado
