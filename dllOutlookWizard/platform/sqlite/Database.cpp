@@ -1,0 +1,77 @@
+#include "Database.h"
+
+#include <sqlite3.h>
+
+#include "Failure.h"
+
+namespace tarnel::sqlite {
+namespace {
+
+constexpr int busyMilliseconds = 5000;
+
+std::string adviceFor(int code) {
+  switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return " Another program is writing to it; try again when it has finished.";
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+      return " Allow this user to write to the file and to its folder.";
+    case SQLITE_FULL:
+      return " Free some disk space and try again.";
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return " The file is damaged or no task database; restore it from a backup.";
+    default:
+      return {};
+  }
+}
+
+std::string fileNameOf(sqlite3* database) {
+  const char* name = sqlite3_db_filename(database, "main");
+  return name ? name : "";
+}
+
+}  // namespace
+
+void failOf(sqlite3* database, std::int32_t number) {
+  const int code = sqlite3_extended_errcode(database);
+  const std::string text = sqlite3_errmsg(database);
+  const std::string advice = adviceFor(code);
+  if (advice.empty()) throw Failure(number, text);
+  throw Failure(failure::engine, "Database \"" + fileNameOf(database) + "\": " + text + "." + advice);
+}
+
+void Database::Closer::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+
+Database::Database(const std::filesystem::path& path, int flags) {
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+  handle_.reset(opened);
+  if (result != SQLITE_OK)
+    throw Failure(failure::engine,
+                  "Database \"" + path.string() + "\": " + sqlite3_errstr(result) + "." + adviceFor(result));
+  sqlite3_busy_timeout(opened, busyMilliseconds);
+  sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  run("PRAGMA synchronous = FULL");
+}
+
+void Database::run(const std::string& script) {
+  if (sqlite3_exec(handle(), script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    failOf(handle(), failure::badStatement);
+}
+
+void Database::useWriteAheadLog() { run("PRAGMA journal_mode = WAL"); }
+
+Transaction::~Transaction() {
+  // Some failures have rolled it back already; then there is nothing to do.
+  if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Transaction::commit() {
+  database_.run("COMMIT");
+  open_ = false;
+}
+
+}  // namespace tarnel::sqlite

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+struct sqlite3;
+
+namespace tarnel::sqlite {
+
+// An open database file: waits for others' locks, and every transaction is on disk when it ends.
+class Database {
+ public:
+  // `flags` are sqlite3_open_v2's. Failure naming the file when it can't be opened.
+  Database(const std::filesystem::path& path, int flags);
+
+  sqlite3* handle() const { return handle_.get(); }
+  // Runs the engine's own statements, any number of them.
+  void run(const std::string& script);
+  // Lets readers and a writer work at the same time. Stays with the file, so nobody calls it who only reads.
+  void useWriteAheadLog();
+
+ private:
+  struct Closer {
+    void operator()(sqlite3* handle) const;
+  };
+  std::unique_ptr<sqlite3, Closer> handle_;
+};
+
+// A transaction that goes back unless it was committed.
+class Transaction {
+ public:
+  // Takes the write lock at once.
+  explicit Transaction(Database& database) : database_(database) { database_.run("BEGIN IMMEDIATE"); }
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void commit();
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+// Throws the engine's last complaint, with the file's name and what to do where that is known. `number` is the
+// failure's number when the complaint has none of its own.
+[[noreturn]] void failOf(sqlite3* database, std::int32_t number);
+
+}  // namespace tarnel::sqlite

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+#include "Database.h"
+#include "Provider.h"
+#include "Statement.h"
+
+namespace tarnel::sqlite {
+
+// Reads and writes single rows of a result's table by their identity. Lives no longer than one call of a session.
+class RowWriter {
+ public:
+  RowWriter(Database& database, const ado::Result& shape);
+
+  // None when the row is gone, or its id belongs to another one now.
+  std::optional<ado::Row> read(const ado::Identity& identity);
+  // Within a transaction of the caller's. Failure writeConflict for a row that was changed or removed elsewhere.
+  ado::Written write(const ado::Change& change);
+
+ private:
+  std::optional<ado::Row> readById(ado::RowId rowId);
+  void checkUnchanged(const ado::Change& change);
+  void update(const ado::Change& change);
+  ado::RowId insert(const ado::Change& change);
+  Statement& prepared(const std::string& sql);
+
+  Database& database_;
+  const ado::Result& shape_;
+  std::string select_;
+  std::unordered_map<std::string, Statement> statements_;
+};
+
+}  // namespace tarnel::sqlite

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "Provider.h"
+
+namespace tarnel::sqlite {
+
+// Opens the file that "Data Source" names in a connection string; all other keys are ignored, the provider's name too.
+// While somebody holds a session on a file, others get the same one.
+class SqliteProvider : public ado::Provider {
+ public:
+  std::shared_ptr<ado::Session> open(std::string_view connectionString) override;
+
+ private:
+  std::map<std::string, std::weak_ptr<ado::Session>> sessions_;
+};
+
+}  // namespace tarnel::sqlite

@@ -1,0 +1,132 @@
+#include "SqliteSession.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+#include "ColumnTypes.h"
+#include "Conversions.h"
+#include "DatabaseFile.h"
+#include "Failure.h"
+#include "RowWriter.h"
+
+namespace tarnel::sqlite {
+namespace {
+
+const std::filesystem::path& checked(const std::filesystem::path& path) {
+  checkDatabaseFile(path);
+  return path;
+}
+
+std::string textOf(const char* text) { return text ? text : ""; }
+
+ado::Column describeColumn(sqlite3_stmt* statement, int column) {
+  return {textOf(sqlite3_column_name(statement, column)), textOf(sqlite3_column_table_name(statement, column)),
+          textOf(sqlite3_column_origin_name(statement, column)),
+          typeDeclaredAs(textOf(sqlite3_column_decltype(statement, column)))};
+}
+
+bool isKeyColumn(sqlite3* database, const ado::Column& column) {
+  int isKey = 0;
+  sqlite3_table_column_metadata(database, "main", column.table.c_str(), column.origin.c_str(), nullptr, nullptr,
+                                nullptr, &isKey, nullptr);
+  return isKey != 0;
+}
+
+// Whether each column is one of the same table, and no value worked out.
+bool comesFromOneTable(const std::vector<ado::Column>& columns) {
+  return !columns.empty() && std::all_of(columns.begin(), columns.end(), [&](const ado::Column& column) {
+    return !column.origin.empty() && equalsIgnoringCase(column.table, columns.front().table);
+  });
+}
+
+ado::Result describeResult(sqlite3* database, const Statement& statement, int columnCount) {
+  ado::Result result;
+  for (int i = 0; i < columnCount; ++i) result.columns.push_back(describeColumn(statement.handle(), i));
+  if (!comesFromOneTable(result.columns)) return result;
+  result.table = result.columns.front().table;
+  for (std::size_t i = 0; i < result.columns.size(); ++i)
+    if (isKeyColumn(database, result.columns[i])) result.keyColumns.push_back(i);
+  return result;
+}
+
+void readRows(Statement& statement, ado::Result& result, bool withRowId) {
+  const std::size_t width = result.columns.size();
+  while (statement.step()) {
+    ado::Row& row = result.rows.emplace_back();
+    row.reserve(width);
+    for (std::size_t i = 0; i < width; ++i)
+      row.push_back(readValue(statement.handle(), static_cast<int>(i), result.columns[i].type));
+    if (withRowId) result.rowIds.push_back(sqlite3_column_int64(statement.handle(), static_cast<int>(width)));
+  }
+}
+
+// Both readings of a SELECT are prepared, because only the engine knows whether its columns come from one table.
+ado::Result readSelect(sqlite3* database, const JetStatement& select) {
+  Statement plain(database, select.sql());
+  ado::Result result = describeResult(database, plain, sqlite3_column_count(plain.handle()));
+  const auto withRowId = result.table.empty() ? std::nullopt : select.sqlWithRowId();
+  if (withRowId) {
+    Statement extended(database, *withRowId);
+    readRows(extended, result, true);
+  } else {
+    result.table.clear();
+    readRows(plain, result, false);
+  }
+  return result;
+}
+
+}  // namespace
+
+SqliteSession::SqliteSession(const std::filesystem::path& path)
+    : database_(checked(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE) {
+  // The first look at the contents, where a damaged file shows.
+  database_.run("SELECT count(*) FROM sqlite_schema");
+}
+
+ado::Result SqliteSession::query(std::string_view statement) {
+  const JetStatement select(statement);
+  if (!select.isSelect())
+    throw Failure(failure::badStatement, "A recordset opens on a SELECT statement only: " + std::string(statement));
+  return readSelect(database_.handle(), select);
+}
+
+std::int32_t SqliteSession::execute(std::string_view statement) {
+  const JetStatement command(statement);
+  if (!command.isCommand())
+    throw Failure(failure::badStatement,
+                  "A command runs INSERT, UPDATE, DELETE and the like only: " + std::string(statement));
+  Statement prepared(database_.handle(), command.sql());
+  prepareToWrite();
+  const int before = sqlite3_total_changes(database_.handle());
+  prepared.step();
+  // Statements that touch no rows leave the last count standing.
+  return sqlite3_total_changes(database_.handle()) == before ? 0 : sqlite3_changes(database_.handle());
+}
+
+std::vector<ado::Written> SqliteSession::write(const ado::Result& shape, const std::vector<ado::Change>& changes) {
+  prepareToWrite();
+  Transaction transaction(database_);
+  std::vector<ado::Written> written;
+  {
+    RowWriter writer(database_, shape);
+    for (const ado::Change& change : changes) written.push_back(writer.write(change));
+  }
+  transaction.commit();
+  return written;
+}
+
+std::vector<std::optional<ado::Row>> SqliteSession::reread(const ado::Result& shape,
+                                                           const std::vector<ado::Identity>& rows) {
+  RowWriter reader(database_, shape);
+  std::vector<std::optional<ado::Row>> found;
+  for (const ado::Identity& row : rows) found.push_back(reader.read(row));
+  return found;
+}
+
+void SqliteSession::prepareToWrite() {
+  if (!logIsOn_) database_.useWriteAheadLog();
+  logIsOn_ = true;
+}
+
+}  // namespace tarnel::sqlite

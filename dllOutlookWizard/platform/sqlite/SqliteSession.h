@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+
+#include "Database.h"
+#include "JetStatement.h"
+#include "Provider.h"
+#include "Statement.h"
+
+namespace tarnel::sqlite {
+
+// A session on one database file. Reading leaves the file as it is; the first write turns on its write-ahead log.
+class SqliteSession : public ado::Session {
+ public:
+  // Opens an existing database and never creates one. Failures as checkDatabaseFile's.
+  explicit SqliteSession(const std::filesystem::path& path);
+
+  ado::Result query(std::string_view statement) override;
+  std::int32_t execute(std::string_view statement) override;
+  std::vector<ado::Written> write(const ado::Result& shape, const std::vector<ado::Change>& changes) override;
+  std::vector<std::optional<ado::Row>> reread(const ado::Result& shape,
+                                              const std::vector<ado::Identity>& rows) override;
+
+ private:
+  void prepareToWrite();
+
+  Database database_;
+  bool logIsOn_ = false;
+};
+
+}  // namespace tarnel::sqlite

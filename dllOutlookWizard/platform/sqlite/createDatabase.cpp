@@ -1,0 +1,56 @@
+#include "createDatabase.h"
+
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include "Database.h"
+#include "Failure.h"
+
+namespace tarnel::sqlite {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A database that is still being made, beside its later place; gone with all that belongs to it at the end.
+class Draft {
+ public:
+  explicit Draft(const fs::path& target) : path_(target.string() + "." + std::to_string(getpid()) + ".new") {}
+  ~Draft() {
+    std::error_code ignored;
+    for (const char* ending : {"", "-wal", "-shm", "-journal"}) fs::remove(path_.string() + ending, ignored);
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+
+  const fs::path& path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+[[noreturn]] void failTaken(const fs::path& path) {
+  throw Failure(
+      failure::pathAccess,
+      "\"" + path.string() + "\" exists already and was left as it is. Name another file or remove this one.");
+}
+
+}  // namespace
+
+void createDatabase(const fs::path& path, const std::string& script) {
+  if (fs::exists(fs::symlink_status(path))) failTaken(path);
+  const Draft draft(path);
+  {
+    Database database(draft.path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    database.useWriteAheadLog();
+    Transaction transaction(database);
+    database.run(script);
+    transaction.commit();
+  }
+  // A second name, unlike a renaming, never takes the place of a file that has come up in the meantime.
+  std::error_code error;
+  fs::create_hard_link(draft.path(), path, error);
+  if (error == std::errc::file_exists) failTaken(path);
+  if (error) throw Failure(failure::pathAccess, "\"" + path.string() + "\" can't be created: " + error.message() + ".");
+}
+
+}  // namespace tarnel::sqlite
