@@ -24,8 +24,9 @@ std::string_view trimmed(std::string_view text) {
 
 double numberFromText(std::string_view text) {
   std::string_view digits = trimmed(text);
-  if (digits.starts_with('+')) digits.remove_prefix(1);
-  const std::string_view unsignedDigits = digits.starts_with('-') ? digits.substr(1) : digits;
+  std::string_view unsignedDigits = digits;
+  if (digits.starts_with('+') || digits.starts_with('-')) unsignedDigits.remove_prefix(1);
+  if (digits.starts_with('+')) digits = unsignedDigits;  // from_chars takes no plus
   // Only digits and a point may lead: from_chars would also take "inf" and "nan".
   if (unsignedDigits.empty() || std::string_view("0123456789.").find(unsignedDigits.front()) == std::string_view::npos)
     failTypeMismatch();

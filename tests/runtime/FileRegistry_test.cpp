@@ -1,0 +1,94 @@
+#include "FileRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "Failure.h"
+
+namespace tarnel {
+namespace {
+
+class Registries : public testing::Test {
+ protected:
+  Registries() { std::filesystem::remove_all(folder); }
+  ~Registries() override { std::filesystem::remove_all(folder); }
+  void write(const std::string& contents) {
+    std::filesystem::create_directories(folder);
+    std::ofstream(file, std::ios::binary) << contents;
+  }
+  std::string contents() {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+
+  std::filesystem::path folder =
+      std::filesystem::path(testing::TempDir()) /
+      (std::string("registry-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+  std::filesystem::path file = folder / "registry";
+  FileRegistry registry{file};
+};
+
+TEST_F(Registries, strangeNamesAndValuesComeBackInANewRun) {
+  const std::string strange = "A & \"B\" 'C' \\n\t\r\n\\ = ;#[ü]";
+  const std::string key = "Software\\Mail\\A & \"B\"\t\nü";
+  EXPECT_TRUE(registry.setValue(key, strange, strange));
+  EXPECT_TRUE(registry.setValue(key, "", ""));
+  EXPECT_TRUE(registry.setValue(key, "number", -2147483647 - 1));
+  EXPECT_TRUE(registry.setValue(key, "bytes", Bytes{0, 9, 10, 255}));
+  const FileRegistry next(file);
+  EXPECT_EQ(next.subKeys("software\\MAIL"), std::vector<std::string>{"A & \"B\"\t\nü"});
+  EXPECT_EQ(next.valueNames(key), (std::vector<std::string>{strange, "", "number", "bytes"}));
+  EXPECT_EQ(next.value(key, strange), Variant(strange));
+  EXPECT_EQ(next.value(key, ""), Variant(""));
+  EXPECT_EQ(next.value(key, "NUMBER"), Variant(-2147483647 - 1));
+  EXPECT_EQ(next.value(key, "bytes"), Variant(Bytes{0, 9, 10, 255}));
+}
+
+TEST_F(Registries, missingIsEmptyAndDeletingItIsNoFailure) {
+  EXPECT_FALSE(registry.keyExists("A"));
+  EXPECT_TRUE(registry.value("A", "b").isEmpty());
+  EXPECT_TRUE(registry.subKeys("A").empty());
+  EXPECT_TRUE(registry.deleteKey("A"));
+  EXPECT_TRUE(registry.deleteValue("A", "b"));
+  EXPECT_FALSE(std::filesystem::exists(file));
+  EXPECT_FALSE(registry.setValue("A", "b", 0.5)) << "a kind that can't be kept";
+}
+
+TEST_F(Registries, keyGoesWithAllBelowItAndNothingBeside) {
+  for (const char* key : {"A\\B\\C", "A\\BB", "a\\b\\D"}) EXPECT_TRUE(registry.createKey(key));
+  EXPECT_EQ(registry.subKeys("A\\B"), (std::vector<std::string>{"C", "D"}));
+  EXPECT_TRUE(registry.deleteKey("a\\B"));
+  EXPECT_EQ(registry.subKeys("A"), std::vector<std::string>{"BB"});
+  EXPECT_TRUE(registry.setValue("A", "x", 1) && registry.setValue("A", "X", 2));
+  EXPECT_EQ(registry.valueNames("A"), std::vector<std::string>{"x"});
+  EXPECT_TRUE(registry.deleteValue("A", "X"));
+  EXPECT_TRUE(registry.valueNames("A").empty());
+}
+
+TEST_F(Registries, damagedFileIsToldByLineAndLeftAlone) {
+  const std::string head = "tarnel registry 1\nkey\tA\n";
+  for (const std::string& text :
+       {std::string("anything"), std::string("\n"), head + "text\tn\tbad\\x", head + "number\tn\t12x",
+        head + "bytes\tn\t0g", head + "blob\tn\tv", head + "text\tn", std::string("tarnel registry 1\ntext\tn\tv")}) {
+    write(text);
+    try {
+      registry.setValue("A", "b", 1);
+      FAIL() << text;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.number(), failure::pathAccess);
+      EXPECT_NE(failure.description().find("at line "), std::string::npos);
+    }
+    EXPECT_EQ(contents(), text);
+  }
+}
+
+TEST_F(Registries, storeThatCantBeWrittenIsToldAndKeepsWhatItHas) {
+  EXPECT_TRUE(registry.setValue("A", "b", "kept"));
+  std::filesystem::create_directories(file.string() + ".new");  // where the new file would be made
+  EXPECT_FALSE(registry.setValue("A", "b", "lost"));
+  EXPECT_EQ(registry.value("A", "b"), Variant("kept"));
+}
+
+}  // namespace
+}  // namespace tarnel
