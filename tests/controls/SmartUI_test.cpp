@@ -1,0 +1,134 @@
+#include "SmartUI.h"
+
+#include <gtest/gtest.h>
+
+#include "Failure.h"
+
+namespace tarnel {
+namespace {
+
+class SmartUIs : public testing::Test {
+ protected:
+  SmartItem& add(const char* key, ItemType type) { return control.Items().Add(0, key, key, type); }
+  template <class Act>
+  std::int32_t failureOf(Act act) {
+    try {
+      act();
+    } catch (const Failure& failure) {
+      return failure.number();
+    }
+    return 0;
+  }
+
+  SmartUI control{"smtTaskList", 0, SmartUI::Look::checkList};
+  SmartItems& items = control.Items();
+  std::string log;
+  Connection click = control.Click.connect([this](SmartItem& item) { log += "click " + item.Key() + "; "; });
+  Connection change = control.Change.connect(
+      [this](SmartItem& item, const std::string& what) { log += what + " " + item.Key() + "; "; });
+};
+
+TEST_F(SmartUIs, itemsKeepTheirPlacesAndKeys) {
+  add("a", ItemType::checkRow);
+  add("b", ItemType::checkRow);
+  items.Add(items.Count(), "c", "c", ItemType::checkRow);
+  add("", ItemType::separator);
+  add("", ItemType::separator);
+  items.Remove("b");
+  EXPECT_EQ(items.Item("c").Index(), 1U);
+  EXPECT_EQ(items.at(1).Key(), "c");
+  EXPECT_EQ(items.Count(), 4U);
+  EXPECT_FALSE(items.Exists("b"));
+  EXPECT_FALSE(items.Exists("A")) << "keys are compared exactly";
+  items.Clear();
+  EXPECT_FALSE(items.Exists("a"));
+  add("a", ItemType::checkRow);
+}
+
+TEST_F(SmartUIs, misuseFailsAndChangesNothing) {
+  EXPECT_EQ(failureOf([&] { control.LastItem(); }), failure::objectNotSet);
+  add("a", ItemType::checkRow);
+  EXPECT_EQ(failureOf([&] { add("a", ItemType::button); }), failure::keyNotUnique);
+  EXPECT_EQ(failureOf([&] { items.Add(2, "b", "", ItemType::button); }), failure::invalidCall);
+  EXPECT_EQ(failureOf([&] { items.Item("b"); }), failure::invalidCall);
+  EXPECT_EQ(failureOf([&] { items.Remove("b"); }), failure::invalidCall);
+  EXPECT_EQ(failureOf([&] { items.at(1); }), failure::subscript);
+  EXPECT_EQ(items.Count(), 1U);
+  EXPECT_EQ(&control.LastItem(), &items.Item("a"));
+  items.Remove("a");
+  EXPECT_EQ(failureOf([&] { control.LastItem(); }), failure::objectNotSet);
+}
+
+TEST_F(SmartUIs, lastItemFollowsEntriesOfDropDownsToo) {
+  SmartItem& pick = add("PICK", ItemType::dropDown);
+  SmartItem& entry = pick.SubItems().Add(0, "T00", "Current Tasks", ItemType::dropDownEntry);
+  EXPECT_EQ(&control.LastItem(), &entry);
+}
+
+TEST_F(SmartUIs, checkingAnOptionUnchecksItsGroupAlone) {
+  add("g1", ItemType::group);
+  add("1a", ItemType::option).setChecked(true);
+  add("1b", ItemType::option);
+  add("note", ItemType::note);
+  add("g2", ItemType::group);
+  add("2a", ItemType::option).setChecked(true);
+  log.clear();
+  control.press(items.Item("1b"));
+  EXPECT_EQ(log, "Checked 1a; Checked 1b; click 1b; ");
+  EXPECT_FALSE(items.Item("1a").Checked());
+  EXPECT_TRUE(items.Item("2a").Checked());
+  log.clear();
+  control.press(items.Item("1b"));
+  EXPECT_EQ(log, "click 1b; ");
+}
+
+TEST_F(SmartUIs, pressDoesWhatItsKindDoesAndNothingUnseen) {
+  add("row", ItemType::checkRow);
+  add("text", ItemType::label);
+  add("button", ItemType::button);
+  control.press(items.Item("row"));
+  control.press(items.Item("text"));
+  control.press(items.Item("button"));
+  EXPECT_EQ(log, "Checked row; click row; click button; ");
+  log.clear();
+  items.Item("row").setVisible(false);
+  control.press(items.Item("row"));
+  control.setEnabled(false);
+  control.press(items.Item("button"));
+  EXPECT_EQ(log, "");
+}
+
+TEST_F(SmartUIs, chosenEntryBecomesTheValueButACheckEntryDoesNot) {
+  SmartItem& pick = add("SORT", ItemType::dropDown);
+  SmartItem& heading = pick.SubItems().Add(0, "D0A4", "Include", ItemType::group);
+  SmartItem& entry = pick.SubItems().Add(0, "D00", "High to Low", ItemType::dropDownEntry);
+  SmartItem& done = pick.SubItems().Add(0, "D37", "Completed Tasks", ItemType::checkRow);
+  control.choose(pick, entry);
+  std::string during;
+  const Connection sees =
+      control.Change.connect([&](SmartItem& item, const std::string&) { during = *item.Value().get<std::string>(); });
+  control.choose(pick, done);
+  control.choose(pick, done);
+  control.choose(pick, heading);
+  EXPECT_EQ(log, "Value SORT; Value SORT; Value SORT; ");
+  EXPECT_EQ(during, "Completed Tasks");
+  EXPECT_EQ(pick.Value(), Variant("High to Low"));
+}
+
+TEST_F(SmartUIs, viewsHearEachRealChangeOnce) {
+  SmartItem& item = add("a", ItemType::checkRow);
+  int changes = 0;
+  std::size_t removedAt = 99;
+  const Connection changed = items.changed.connect([&](SmartItem&, SmartItem::Property) { ++changes; });
+  const Connection removed = items.removed.connect([&](std::size_t at) { removedAt = at; });
+  item.setCaption("a");
+  item.setCaption("b");
+  item.setBackColor(rgb(255, 255, 204));
+  item.setBackColor(0xCCFFFF);
+  EXPECT_EQ(changes, 2);
+  items.Remove("a");
+  EXPECT_EQ(removedAt, 0U);
+}
+
+}  // namespace
+}  // namespace tarnel
