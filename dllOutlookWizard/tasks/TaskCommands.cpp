@@ -1,4 +1,5 @@
 #include "StandardHandler.h"
+#include "TaskTransfer.h"
 #include "TasksTab.h"
 
 namespace tarnel {
@@ -9,6 +10,9 @@ void TasksTab::smtTaskActions_Click(int index, const SmartItem& item) {
     const std::string& key = item.Key();
     if (key == "ALL") tarnelSide ? MarkAllTarnelTasks() : MarkAllOutlookTasks();
     if (key == "NONE") tarnelSide ? UNMarkAllTarnelTasks() : UNMarkAllOutlookTasks();
+    if (key == "UPDATE") tarnelSide ? Tarnel2OUTTasks(lists) : MakeUpdateOutlookTasksInTarnel(lists);
+    if (key == "DELETE") tarnelSide ? MarkTarnelTasksAsDeleted(lists) : MarkOutlookTasksAsDeleted(lists);
+    if (key == "MARKASDONE") tarnelSide ? MarkTarnelTasksAsDone(lists) : MarkOutlookTasksAsDone(lists);
   });
 }
 

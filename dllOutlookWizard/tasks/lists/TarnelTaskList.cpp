@@ -101,11 +101,7 @@ bool TaskLists::GetTarnelTasks(const std::string& sortCode, const std::string& p
     list.Items().Clear();
     const Hourglass hourglass;
 
-    theTaskData = std::make_shared<clsTaskList>();
-    theTaskData->SetSQL(taskQuery(sortCode, pickCode, theShowCompleted));
-    theTaskRows.reset();
-    theTaskData->GetDataKEY(theTaskRows);
-    if (!theTaskRows) failObjectNotSet();
+    openTasks(taskQuery(sortCode, pickCode, theShowCompleted));
     list.resetDisplayPosition();
 
     const TaskColumns task(*theTaskRows);

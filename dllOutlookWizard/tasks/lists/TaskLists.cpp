@@ -50,6 +50,16 @@ void TaskLists::refillByPicker() {
   if (!sortCode().empty() && !pickCode().empty()) refillTarnelList();
 }
 
+void TaskLists::openTasks(const std::string& statement) {
+  theTaskData = std::make_shared<clsTaskList>();
+  theTaskData->SetSQL(statement);
+  theTaskRows.reset();
+  theTaskData->GetDataKEY(theTaskRows);
+  if (!theTaskRows) failObjectNotSet();
+}
+
+void TaskLists::openAllTasks() { openTasks("SELECT * FROM TASKS"); }
+
 void TaskLists::closeRows() {
   if (!theTaskRows) return;
   if (theTaskRows->state() == ado::State::open) theTaskRows->Close();

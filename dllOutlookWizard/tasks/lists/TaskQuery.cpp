@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "SqlText.h"
+
 namespace tarnel {
 namespace {
 
@@ -53,7 +55,7 @@ const Piece* find(const std::array<Piece, Count>& pieces, std::string_view code)
 
 std::string wherePiece(std::string_view pickCode) {
   if (const Piece* pick = find(picks, pickCode)) return std::string(pick->text);
-  return " WHERE Tasks.tskProjectKey = '" + std::string(pickCode) + "'";
+  return " WHERE Tasks.tskProjectKey = " + sqlText(pickCode);
 }
 
 // The user's own order is another one for the Current list, the whole list and each project.

@@ -1,0 +1,34 @@
+#include "CheckedRows.h"
+
+#include "ClassFactory.h"
+#include "Platform.h"
+#include "StandardHandler.h"
+#include "m_OutlookWizard.h"
+
+namespace tarnel {
+
+CheckedRows::CheckedRows(SmartUI& list) : list_(list) {
+  for (const SmartItem& row : list.Items())
+    if (row.Checked()) keys_.push_back(row.Key());
+}
+
+void CheckedRows::forEach(const std::function<void(SmartItem& row)>& act) const {
+  const auto total = static_cast<int>(keys_.size());
+  for (int done = 0; done < total; ++done) {
+    const std::string& key = keys_[static_cast<std::size_t>(done)];
+    if (list_.Items().Exists(key)) act(list_.Items().Item(key));
+    platform().desktop.progress(done + 1, total);
+  }
+}
+
+void letEventsRun() {
+  platform().desktop.doEvents();
+  platform().desktop.doEvents();
+}
+
+void closeOutlook() {
+  ignoringFailures([] { platform().outlook.createMAPIUtils()->Cleanup(); });
+  releaseOutlook();
+}
+
+}  // namespace tarnel

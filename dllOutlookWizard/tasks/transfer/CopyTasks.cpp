@@ -1,0 +1,137 @@
+#include "CStringBag.h"
+#include "CheckedRows.h"
+#include "ClassFactory.h"
+#include "Conversions.h"
+#include "LinkWalk.h"
+#include "Platform.h"
+#include "StandardHandler.h"
+#include "TaskFields.h"
+#include "TaskTransfer.h"
+#include "m_OutlookWizard.h"
+#include "manageOutlookRef.h"
+
+namespace tarnel {
+namespace {
+
+// One run of the copy. The session is attached and the whole of TASKS open while it lives.
+class TaskCopy {
+ public:
+  explicit TaskCopy(TaskLists& lists) : lists_(lists), tasks_(*lists.theTaskRows) {}
+
+  void copy(SmartItem& row) {
+    if (CStringBag(row.Tag()).ReadItem(rowTag::outlookId).empty())
+      firstCopy(row);
+    else if (!walkLinkedItems(row.Key(), [&](const LinkedItem& match) { updateOrReplace(row, match); }))
+      relink(row);
+  }
+
+  std::string summary() const {
+    return "Outlook Tasks created: " + std::to_string(created_) +
+           ". Tasks in Outlook updated: " + std::to_string(updated_) + ".";
+  }
+
+ private:
+  // False when the task has gone from the database: the row is passed over then.
+  bool findTask(const SmartItem& row) {
+    tasks_.Find("tskGUIDID", row.Key());
+    return !tasks_.atEOF() && !tasks_.atBOF();
+  }
+
+  void firstCopy(SmartItem& row) {
+    if (!findTask(row)) return;
+    // The mark is on disk before the item exists: a run that ends in between heals at the next one, as a relink.
+    tasks_.Fields("tskOUTEntityID").setValue(row.Key());
+    tasks_.UpdateBatch(ado::Affect::allChapters);
+    createItem(row);
+    platform().desktop.doEvents();
+    ++created_;
+  }
+
+  void relink(SmartItem& row) {
+    if (!findTask(row)) return;
+    createItem(row);
+    tasks_.UpdateBatch(ado::Affect::allChapters);
+    ++created_;
+  }
+
+  void updateOrReplace(SmartItem& row, const LinkedItem& match) {
+    if (!findTask(row)) return;
+    if (match.isLive()) {
+      update(row, match);
+    } else {
+      createItem(row);
+      tasks_.UpdateBatch(ado::Affect::allChapters);
+      ++updated_;  // the task was in Outlook before, and is again
+    }
+  }
+
+  void update(SmartItem& row, const LinkedItem& match) {
+    const auto wrapper = wrap(match.item);
+    writeTaskToItem(tasks_, *wrapper->Item());
+    ++updated_;
+    wrapper->Item()->Save();
+    if (SmartItems& shown = lists_.outlookList.Items(); shown.Exists(match.entryId)) {
+      shown.Item(match.entryId).setCaption(description());
+      shown.Item(match.entryId).setPicture(rowPicture::tarnel);
+    }
+    row.setPicture(rowPicture::outlook);
+  }
+
+  // Makes the Outlook task of the current record, linked, and shows it.
+  void createItem(SmartItem& row) {
+    const auto wrapper = wrap(outlook::asTask(outlookApplication().CreateItem(outlook::ItemType::task)));
+    const auto item = wrapper->Item();
+    writeTaskToItem(tasks_, *item);
+    item->UserProperties()->Add(rowTag::tarnelGuid, outlook::PropertyType::text)->setValue(row.Key());
+    item->Save();
+    addOutlookRow(item->EntryID(), row.Key());
+    row.setPicture(rowPicture::outlook);
+  }
+
+  void addOutlookRow(const std::string& entryId, const std::string& guid) {
+    CStringBag bag;
+    bag.WriteItem(rowTag::entryId, entryId);
+    bag.WriteItem(rowTag::tarnelGuid, guid);
+    lists_.outlookList.Items()
+        .Add(0, entryId, description(), ItemType::checkRow, rowPicture::tarnel)
+        .setTag(bag.Contents());
+  }
+
+  static std::unique_ptr<outlook::SafeTaskItem> wrap(std::shared_ptr<outlook::TaskItem> item) {
+    auto wrapper = platform().outlook.createSafeTaskItem();
+    wrapper->setItem(std::move(item));
+    return wrapper;
+  }
+
+  std::string description() const { return textOrEmpty(tasks_.Fields("tskDesc").Value()); }
+
+  TaskLists& lists_;
+  ado::Recordset& tasks_;
+  std::int32_t created_ = 0;
+  std::int32_t updated_ = 0;
+};
+
+}  // namespace
+
+bool Tarnel2OUTTasks(TaskLists& lists) {
+  return standardHandler<bool>(modules::frmOutWiz, "Tarnel2OUTTasks", [&](bool& done) {
+    if (!manageOutlookRef()) {
+      tellOutlookIsOutOfReach();
+      return;
+    }
+    outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
+    lists.openAllTasks();
+    TaskCopy run(lists);
+    CheckedRows(lists.tarnelList).forEach([&](SmartItem& row) { run.copy(row); });
+    lists.theTaskRows->UpdateBatch(ado::Affect::all);
+
+    tellUser(run.summary());
+    for (SmartItem& row : lists.tarnelList.Items()) row.setChecked(false);
+    closeOutlook();
+    lists.outlookList.Refresh();
+    lists.tarnelList.Refresh();
+    done = true;
+  });
+}
+
+}  // namespace tarnel

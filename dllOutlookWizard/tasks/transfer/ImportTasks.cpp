@@ -1,0 +1,119 @@
+#include "CCreateGuid.h"
+#include "CStringBag.h"
+#include "CheckedRows.h"
+#include "ClassFactory.h"
+#include "Platform.h"
+#include "StandardHandler.h"
+#include "TaskFields.h"
+#include "TaskTransfer.h"
+#include "m_OutlookWizard.h"
+#include "manageOutlookRef.h"
+
+namespace tarnel {
+namespace {
+
+// Where an imported task lands.
+struct Destination {
+  std::string project;
+  std::string projectKey;
+  bool current;
+};
+
+// A pick of the user's projects names its own; the fixed picks and the Outlook project itself mean the latter.
+Destination destination(const TaskLists& lists) {
+  const std::string& pick = lists.pickCode();
+  const bool fixedPick = pick == "T00" || pick == "T01" || pick == "T02" || pick == "T03";
+  if (fixedPick || pick == session().theOutlookProjectKey)
+    return {session().theOutlookProjectName, session().theOutlookProjectKey, pick == "T00"};
+  return {lists.theTaskPickName, lists.theTaskPickKey, false};
+}
+
+// One run of the import. Works in the records of the last fill, so a task outside the pick is not found.
+class TaskImport {
+ public:
+  explicit TaskImport(TaskLists& lists) : lists_(lists), destination_(destination(lists)) {}
+
+  void take(SmartItem& row) {
+    const std::string entryId = CStringBag(row.Tag()).ReadItem(rowTag::entryId);
+    row.setChecked(false);
+    letEventsRun();
+    const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
+    const auto wrapper = platform().outlook.createSafeTaskItem();
+    wrapper->setItem(outlook::asTask(outlookNameSpace().GetItemFromID(entryId, folder->StoreID())));
+    if (row.Picture() == rowPicture::tarnel)
+      updateTask(row, *wrapper);
+    else if (row.Picture() == rowPicture::outlook)
+      createTask(row, *wrapper);
+  }
+
+  std::string summary() const {
+    return "Tasks created: " + std::to_string(created_) + ". Tasks in Tarnel updated: " + std::to_string(updated_) +
+           ".";
+  }
+
+ private:
+  ado::Recordset& tasks() const {
+    if (!lists_.theTaskRows) failObjectNotSet();
+    return *lists_.theTaskRows;
+  }
+
+  void updateTask(const SmartItem& row, outlook::SafeTaskItem& wrapper) {
+    if (!lists_.theTaskRows) lists_.refillTarnelList();
+    tasks().Find("tskGUIDID", CStringBag(row.Tag()).ReadItem(rowTag::tarnelGuid));
+    if (tasks().atEOF() || tasks().atBOF()) return;
+    writeItemToTask(wrapper, tasks(), TaskRow::existing);
+    tasks().UpdateBatch(ado::Affect::allChapters);
+    ++updated_;
+  }
+
+  void createTask(SmartItem& row, outlook::SafeTaskItem& wrapper) {
+    const std::string guid = GetANewGuid();
+    tasks().AddNew();
+    tasks().Fields("tskGUIDID").setValue(guid);
+    tasks().Fields("tskOUTEntityID").setValue(guid);
+    tasks().Fields("tskProject").setValue(destination_.project);
+    tasks().Fields("tskProjectKey").setValue(destination_.projectKey);
+    tasks().Fields("tskCurrent").setValue(destination_.current);
+    writeItemToTask(wrapper, tasks(), TaskRow::fresh);
+    ++created_;
+    tasks().UpdateBatch(ado::Affect::allChapters);
+
+    const auto item = wrapper.Item();
+    item->UserProperties()->Add(rowTag::tarnelGuid, outlook::PropertyType::text)->setValue(guid);
+    row.setPicture(rowPicture::tarnel);
+    platform().desktop.doEvents();
+    CStringBag bag(row.Tag());
+    bag.WriteItem(rowTag::tarnelGuid, guid);
+    row.setTag(bag.Contents());
+    item->Save();
+  }
+
+  TaskLists& lists_;
+  Destination destination_;
+  std::int32_t created_ = 0;
+  std::int32_t updated_ = 0;
+};
+
+}  // namespace
+
+bool MakeUpdateOutlookTasksInTarnel(TaskLists& lists) {
+  return standardHandler<bool>(modules::frmOutWiz, "MakeUpdateOutlookTasksInTarnel", [&](bool& done) {
+    TaskImport run(lists);
+    manageOutlookRef();  // out of reach shows at the first use
+    CheckedRows(lists.outlookList).forEach([&](SmartItem& row) { run.take(row); });
+    platform().desktop.doEvents();
+    if (!lists.theTaskRows) failObjectNotSet();
+    lists.theTaskRows->UpdateBatch(ado::Affect::allChapters);
+    lists.theTaskRows->Close();
+
+    lists.tarnelList.Refresh();
+    lists.outlookList.Refresh();
+    closeOutlook();
+    letEventsRun();
+    tellUser(run.summary());
+    lists.refillTarnelList();
+    done = true;
+  });
+}
+
+}  // namespace tarnel

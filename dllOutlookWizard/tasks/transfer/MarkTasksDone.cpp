@@ -1,0 +1,80 @@
+#include "ClassFactory.h"
+#include "Conversions.h"
+#include "RowRuns.h"
+#include "Platform.h"
+#include "SelectionQuestion.h"
+#include "StandardHandler.h"
+#include "TaskTransfer.h"
+#include "m_OutlookWizard.h"
+#include "manageOutlookRef.h"
+
+namespace tarnel {
+namespace {
+
+constexpr std::int32_t doneStatus = 0;
+
+void setDone(ado::Recordset& task) {
+  task.Fields("tskStatus").setValue(doneStatus);
+  task.Fields("tskDoneDate").setValue(platform().clock.now());
+}
+
+// The task's row leaves the Tarnel list, or stays as a completed one where those are shown.
+void showAsDone(TaskLists& lists, const std::string& guid) {
+  SmartItems& shown = lists.tarnelList.Items();
+  if (!shown.Exists(guid)) return;
+  if (lists.theShowCompleted)
+    shown.Item(guid).setPicture(rowPicture::none);
+  else
+    shown.Remove(guid);
+}
+
+}  // namespace
+
+bool MarkOutlookTasksAsDone(TaskLists& lists) {
+  return standardHandler<bool>(modules::frmOutWiz, "MarkOutlookTasksAsDone", [&](bool& done) {
+    const OutlookSelection selection(lists.outlookList);
+    if (selection.isEmpty()) {
+      tellUser("No Outlook Tasks or Tarnel-based Tasks selected to marked as done.");
+      return;
+    }
+    if (!askUser(selection.question("be marked as done in Outlook", "be marked as done in both Outlook and Tarnel")))
+      return;
+
+    OutlookRowSteps steps;
+    steps.changeTask = [&](ado::Recordset& task) {
+      setDone(task);
+      task.UpdateBatch(ado::Affect::allChapters);
+      showAsDone(lists, textOrEmpty(task.Fields("tskGUIDID").Value()));
+    };
+    steps.changeItem = [](const std::shared_ptr<outlook::TaskItem>& item) {
+      const auto wrapper = platform().outlook.createSafeTaskItem();
+      wrapper->setItem(item);
+      wrapper->Item()->setStatus(outlook::TaskStatus::complete);
+      wrapper->Item()->Save();
+    };
+    runOverOutlookRows(lists, steps);
+    done = true;
+  });
+}
+
+bool MarkTarnelTasksAsDone(TaskLists& lists) {
+  return standardHandler<bool>(modules::frmOutWiz, "MarkTarnelTasksAsDone", [&](bool& done) {
+    if (!manageOutlookRef()) {
+      tellOutlookIsOutOfReach();
+      return;
+    }
+    TarnelRowSteps steps;
+    steps.changeItem = [](const std::shared_ptr<outlook::TaskItem>&) {};  // completing it is all
+    steps.changeTask = [&](const SmartItem& row) {
+      ado::Recordset& tasks = *lists.theTaskRows;
+      tasks.Find("tskGUIDID", row.Key());
+      if (tasks.atEOF() || tasks.atBOF()) return;
+      setDone(tasks);
+      tasks.Update();
+    };
+    runOverTarnelRows(lists, steps);
+    done = true;
+  });
+}
+
+}  // namespace tarnel

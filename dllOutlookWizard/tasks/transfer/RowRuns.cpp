@@ -1,0 +1,106 @@
+#include "RowRuns.h"
+
+#include "CStringBag.h"
+#include "CheckedRows.h"
+#include "ClassFactory.h"
+#include "Conversions.h"
+#include "LinkWalk.h"
+#include "Platform.h"
+#include "StandardHandler.h"
+#include "m_OutlookWizard.h"
+#include "manageOutlookRef.h"
+
+namespace tarnel {
+namespace {
+
+class OutlookRowRun {
+ public:
+  OutlookRowRun(TaskLists& lists, const OutlookRowSteps& steps) : lists_(lists), steps_(steps) {}
+
+  void operator()(SmartItem& row) {
+    try {
+      act(row);
+    } catch (const std::exception&) {
+      if (!outlookAnswered_) throw;
+    }
+  }
+
+ private:
+  void act(SmartItem& row) {
+    const CStringBag tag(row.Tag());
+    const std::string entryId = tag.ReadItem(rowTag::entryId);
+    row.setChecked(false);
+    letEventsRun();
+    const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
+    outlookAnswered_ = true;
+    const auto item = outlookNameSpace().GetItemFromID(entryId, folder->StoreID());
+    if (row.Picture() == rowPicture::tarnel) changeTask(tag.ReadItem(rowTag::tarnelGuid));
+    if (!item) return;
+    const std::string key = row.Key();
+    steps_.changeItem(outlook::asTask(item));
+    lists_.outlookList.Items().Remove(key);
+  }
+
+  void changeTask(const std::string& guid) {
+    if (!lists_.theTaskRows) lists_.refillTarnelList();
+    if (!lists_.theTaskRows) failObjectNotSet();
+    ado::Recordset& tasks = *lists_.theTaskRows;
+    tasks.Find("tskGUIDID", guid);
+    if (!tasks.atEOF() && !tasks.atBOF()) steps_.changeTask(tasks);
+  }
+
+  TaskLists& lists_;
+  const OutlookRowSteps& steps_;
+  bool outlookAnswered_ = false;
+};
+
+void completeItem(outlook::TaskItem& item, const CStringBag& tag) {
+  item.setStatus(outlook::TaskStatus::complete);
+  item.setTotalWork(toLong(tag.ReadItem(rowTag::timeNeeded)));
+  item.setActualWork(toLong(tag.ReadItem(rowTag::timeSpent)));
+  item.Save();
+}
+
+void changeLinkedItems(TaskLists& lists, const SmartItem& row, const TarnelRowSteps& steps) {
+  const CStringBag tag(row.Tag());
+  if (tag.ReadItem(rowTag::outlookId).empty()) return;
+  walkLinkedItems(row.Key(), [&](const LinkedItem& match) {
+    if (!match.isLive()) return;
+    const auto wrapper = platform().outlook.createSafeTaskItem();
+    wrapper->setItem(match.item);
+    completeItem(*wrapper->Item(), tag);
+    steps.changeItem(match.item);
+    SmartItems& shown = lists.outlookList.Items();
+    if (shown.Exists(match.entryId)) shown.Remove(match.entryId);
+  });
+}
+
+}  // namespace
+
+void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps) {
+  manageOutlookRef();  // out of reach shows at the first use
+  OutlookRowRun run(lists, steps);
+  CheckedRows(lists.outlookList).forEach([&](SmartItem& row) { run(row); });
+  lists.tarnelList.Refresh();
+  lists.outlookList.Refresh();
+  closeOutlook();
+  letEventsRun();
+  lists.closeRows();
+  lists.refillTarnelList();
+  lists.GetOutlookTasks();
+}
+
+void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps) {
+  outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
+  lists.openAllTasks();
+  CheckedRows(lists.tarnelList).forEach([&](SmartItem& row) {
+    changeLinkedItems(lists, row, steps);
+    steps.changeTask(row);
+  });
+  lists.theTaskRows->UpdateBatch(ado::Affect::allChapters);
+  closeOutlook();
+  lists.closeRows();
+  lists.refillTarnelList();
+}
+
+}  // namespace tarnel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "Item.h"
+#include "TaskLists.h"
+
+namespace tarnel {
+
+// What a command does to one checked row of the Outlook list.
+struct OutlookRowSteps {
+  // The current record is the task that the row is linked to.
+  std::function<void(ado::Recordset& task)> changeTask;
+  std::function<void(const std::shared_ptr<outlook::TaskItem>& item)> changeItem;
+};
+
+// Runs over the checked rows of the Outlook list; a row whose item was changed leaves the list, both lists are filled
+// anew at the end. Once an item could be asked for, a failure on a row passes on to the next one without a word.
+void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps);
+
+// Runs over the checked rows of the Tarnel list with the whole of TASKS open: `changeItem` for every live item that
+// bears the task's GUID, whose row then leaves the Outlook list, and `changeTask` behind that for each row. Completes
+// the items first: status, and the minutes that the row's tag holds. The Tarnel list is filled anew at the end.
+struct TarnelRowSteps {
+  std::function<void(const std::shared_ptr<outlook::TaskItem>& item)> changeItem;
+  std::function<void(const SmartItem& row)> changeTask;
+};
+void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps);
+
+}  // namespace tarnel
