@@ -1,0 +1,50 @@
+#include "SettingsFile.h"
+
+#include <fstream>
+#include <iterator>
+
+#include "Failure.h"
+
+namespace tarnel {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::string_view openingTag = "<DBLoc>";
+constexpr std::string_view closingTag = "</DBLoc>";
+
+}  // namespace
+
+bool SettingsFile::exists() const { return std::filesystem::is_regular_file(path_); }
+
+std::string SettingsFile::databasePath() const {
+  std::ifstream file(path_, std::ios::binary);
+  if (!file) throw Failure(failure::fileNotFound, "File not found: " + path_.string());
+  const std::string text{std::istreambuf_iterator<char>(file), {}};
+
+  const std::size_t opening = text.find(openingTag);
+  const std::size_t start = opening + openingTag.size() + lineEnd.size();
+  const std::size_t closing = opening == std::string::npos ? opening : text.find(closingTag, start);
+  if (closing == std::string::npos || closing < start + lineEnd.size())
+    throw Failure(
+        failure::invalidCall,
+        "Invalid procedure call or argument: no path stands between <DBLoc> and </DBLoc> in " + path_.string());
+  return text.substr(start, closing - lineEnd.size() - start);
+}
+
+void SettingsFile::write(const std::string& databasePath) const {
+  std::string text;
+  for (const std::string_view line : {std::string_view("<Tarnel>"), openingTag, std::string_view(databasePath),
+                                      closingTag, std::string_view("</Tarnel>")})
+    text.append(line).append(lineEnd);
+
+  // Written beside the old one first, so that a full disk costs nobody the old path.
+  const std::filesystem::path next = path_.string() + ".new";
+  std::ofstream file(next, std::ios::binary);
+  file << text;
+  file.close();
+  std::error_code error;
+  if (file) std::filesystem::rename(next, path_, error);
+  if (!file || error) throw Failure(failure::pathAccess, "Path/File access error: " + path_.string());
+}
+
+}  // namespace tarnel

@@ -1,0 +1,9 @@
+#include "clsSettings.h"
+
+namespace tarnel {
+
+bool clsSettings::GetData(std::shared_ptr<ado::Recordset>& rst) {
+  return getAnew(rst, m_rst, sql_, OpenOperation::settingsGetData, "GetData");
+}
+
+}  // namespace tarnel

@@ -1,0 +1,9 @@
+#include "clsVLProjectsList.h"
+
+namespace tarnel {
+
+bool clsVLProjectsList::GetData(std::shared_ptr<ado::Recordset>& rst) {
+  return getAnew(rst, m_rst, sql_, OpenOperation::projectsGetData, "GetData");
+}
+
+}  // namespace tarnel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Records.h"
+
+namespace tarnel {
+
+// The projects, table PROJECTS.
+class clsVLProjectsList : public Records {
+ public:
+  clsVLProjectsList() : Records(modules::clsVLProjectsList) {}
+
+  // Opens a new recordset each time, which then stands alone: nothing can be written through it.
+  bool GetData(std::shared_ptr<ado::Recordset>& rst);
+};
+
+}  // namespace tarnel
