@@ -1,0 +1,235 @@
+#include <gtest/gtest.h>
+
+#include "Conversions.h"
+#include "Failure.h"
+#include "OpenMode.h"
+#include "TaskDatabase.h"
+#include "TestPlatform.h"
+#include "clsSettings.h"
+#include "clsTaskAppts.h"
+#include "clsTaskList.h"
+#include "clsUtilCMD.h"
+#include "clsVLProjectsList.h"
+#include "m_OutlookWizard.h"
+
+namespace tarnel {
+namespace {
+
+using ado::CursorType;
+using ado::LockType;
+using RecordsetPtr = std::shared_ptr<ado::Recordset>;
+
+class RecordClassesTest : public testing::Test {
+ protected:
+  RecordClassesTest() {
+    platform.use(database.provider);
+    session().theszConnect = database.connect();
+    database.addTask("A-1", "pay");
+    database.addTask("B-2", "Call");
+  }
+
+  // "project module procedure number" of each report.
+  std::string reports() {
+    std::string text;
+    for (const FailureReport& report : platform.errorReport.reports)
+      text +=
+          report.project + " " + report.module + " " + report.procedure + " " + std::to_string(report.number) + "\n";
+    return text;
+  }
+  std::string order() { return database.describe("SELECT tskGUIDID, tskCustSortCur FROM TASKS ORDER BY tskGUIDID"); }
+
+  test::TestPlatform platform;
+  test::TaskDatabase database;
+  RecordsetPtr rst;
+};
+
+TEST_F(RecordClassesTest, openAsTheirTableSays) {
+  clsSettings settings;
+  settings.SetSQL("SELECT * FROM Settings");
+  EXPECT_TRUE(settings.GetData(rst));
+  EXPECT_EQ(rst->cursorType(), CursorType::fixed);
+  EXPECT_EQ(rst->lockType(), LockType::batchOptimistic);
+
+  clsTaskAppts appointments;
+  appointments.SetSQL("SELECT * FROM TaskAPPTS");
+  appointments.SetSQLKey("SELECT * FROM TaskAPPTS WHERE taGUIDID = 'none'");
+  EXPECT_TRUE(appointments.GetData(rst));
+  EXPECT_EQ(rst->cursorType(), CursorType::dynamic);
+  const RecordsetPtr first = rst;
+  EXPECT_TRUE(appointments.GetData(rst));
+  EXPECT_NE(rst, first) << "a new recordset each time";
+  EXPECT_EQ(first->state(), ado::State::open);
+  EXPECT_TRUE(appointments.GetDataKEY(rst));
+  EXPECT_EQ(rst->lockType(), LockType::pessimistic);
+}
+
+TEST_F(RecordClassesTest, projectsStandAlone) {
+  database.run("INSERT INTO PROJECTS VALUES ('P-1', 'Home')");
+  clsVLProjectsList projects;
+  projects.SetSQL("SELECT prjGUIDID, prjProject from PROJECTS ORDER BY prjProject");
+  ASSERT_TRUE(projects.GetData(rst));
+  EXPECT_EQ(rst->Fields("prjProject").Value(), Variant("Home"));
+  rst->Fields("prjProject").setValue("Garden");
+  EXPECT_THROW(rst->UpdateBatch(), Failure);
+  EXPECT_EQ(reports(), "");
+}
+
+TEST_F(RecordClassesTest, aTaskListServesOneStatementAndCountsOnce) {
+  clsTaskList tasks;
+  EXPECT_EQ(tasks.GetRowCount(), 0);
+  tasks.SetSQL("SELECT * FROM TASKS");
+  ASSERT_TRUE(tasks.GetDataKEY(rst));
+  const RecordsetPtr first = rst;
+  tasks.SetSQL("SELECT * FROM TASKS WHERE tskGUIDID = 'none'");
+  EXPECT_TRUE(tasks.GetDataKEY(rst));
+  EXPECT_EQ(rst, first);
+  rst->AddNew();
+  EXPECT_EQ(tasks.GetRowCount(), 2);
+  rst->Close();
+  EXPECT_FALSE(tasks.GetDataKEY(rst)) << "it is handed back closed";
+
+  clsUtilCMD util;
+  util.SetSQL("SELECT * FROM TASKS");
+  ASSERT_TRUE(util.GetDataKEY(rst));
+  rst->AddNew();
+  EXPECT_EQ(util.GetRowCount(), 3);
+}
+
+TEST_F(RecordClassesTest, failuresAreReportedUnderTheClassAndLeaveAnEmptyRecordset) {
+  clsSettings settings;
+  settings.SetSQL("SELECT * FROM NoSuchTable");
+  rst = std::make_shared<ado::Recordset>();
+  EXPECT_FALSE(settings.GetData(rst));
+  EXPECT_EQ(rst, nullptr);
+  clsTaskList tasks;
+  tasks.SetSQL("SELECT nothing FROM TASKS");
+  EXPECT_FALSE(tasks.GetDataKEY(rst));
+  tasks.UpdateBatchRST();
+  tasks.SetCMDSQL("DELETE FROM NoSuchTable");
+  EXPECT_EQ(tasks.doCMDExec(), 0);
+  clsUtilCMD util;
+  EXPECT_EQ(util.GetRowCount(), 0);
+  EXPECT_EQ(reports(),
+            "TarnelExportExcel clsSettings GetData -2147217900\n"
+            "dllTarnel clsTaskList GetDataKEY -2147217900\n"
+            "dllTarnel clsTaskList UpdateBatchRST 91\n"
+            "dllTarnel clsTaskList doCMDExec -2147217900\n"
+            "dllTarnel clsUtilCMD GetRowCount 91\n");
+}
+
+TEST_F(RecordClassesTest, anEmptyConnectionIsLookedForAndThenFails) {
+  session().theszConnect.clear();
+  clsUtilCMD util;
+  util.SetCMDSQL("DELETE FROM TASKS");
+  EXPECT_EQ(util.doCMDExec(), 0);
+  EXPECT_EQ(reports(), "dllTarnel clsUtilCMD doCMDExec 3709\n");
+  EXPECT_EQ(platform.desktop.messages.size(), 2U);
+
+  std::filesystem::copy_file(database.path, platform.applicationFolder / "TarnelData.mdb");
+  EXPECT_EQ(util.doCMDExec(), 2);
+}
+
+TEST_F(RecordClassesTest, aGivenConnectionLeavesTheSettingsFileAlone) {
+  clsTaskList tasks;
+  tasks.SetSQL("SELECT * FROM TASKS");
+  EXPECT_TRUE(tasks.GetDataKEY(rst));
+  EXPECT_FALSE(std::filesystem::exists(platform.applicationFolder / "TarnelSettings.txt"));
+}
+
+TEST_F(RecordClassesTest, commandsGiveTheNumberOfRowsAndRunAgain) {
+  clsTaskList tasks;
+  tasks.SetCMDSQL("UPDATE TASKS SET tskImp = 3 WHERE tskGUIDID = 'a-1'");
+  EXPECT_EQ(tasks.doCMDExec(), 1);
+  tasks.SetCMDSQL("DELETE from TASKS WHERE tskGUIDID = 'B-2'");
+  EXPECT_EQ(tasks.doCMDExec(), 1);
+  EXPECT_EQ(tasks.doCMDExec(), 0);
+  EXPECT_EQ(database.describe("SELECT tskGUIDID, tskImp FROM TASKS"), "A-1|3\n");
+}
+
+TEST_F(RecordClassesTest, sortAndFilterReachTheRecordset) {
+  clsTaskList tasks;
+  EXPECT_FALSE(tasks.CustomFilter("tskDesc = 'pay'")) << "no recordset yet, and no report";
+  tasks.CustomSortRST("tskDesc");
+  tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskGUIDID");
+  ASSERT_TRUE(tasks.GetDataKEY(rst));
+  tasks.CustomSortRST("tskDesc");
+  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "B-2");
+  tasks.CustomSortRST("tskNoSuchColumn");
+  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "B-2");
+  tasks.ClearSortRST();
+  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "A-1");
+  EXPECT_TRUE(tasks.CustomFilter("tskDesc = 'call'"));
+  EXPECT_EQ(rst->RecordCount(), 1);
+  EXPECT_FALSE(tasks.CustomFilter("tskDesc ? 'call'"));
+  EXPECT_TRUE(tasks.CustomFilter());
+  EXPECT_EQ(rst->RecordCount(), 2);
+  EXPECT_EQ(reports(), "");
+
+  clsUtilCMD util;
+  util.SetSQL("SELECT * FROM TASKS");
+  ASSERT_TRUE(util.GetDataKEY(rst));
+  util.CustomSortRST("tskNoSuchColumn");
+  EXPECT_EQ(reports(), "dllTarnel clsUtilCMD CustomSortRST 3265\n");
+}
+
+TEST_F(RecordClassesTest, rowsAreReadAnewAndWritten) {
+  clsTaskList tasks;
+  tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskGUIDID");
+  ASSERT_TRUE(tasks.GetDataKEY(rst));
+  rst->Fields("tskDesc").setValue("paid");
+  tasks.UpdateBatchRST();
+  EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS WHERE tskGUIDID = 'A-1'"), "paid\n");
+  database.run("UPDATE TASKS SET tskDesc = 'theirs' WHERE tskGUIDID = 'A-1'");
+  tasks.ResyncRST();
+  EXPECT_EQ(rst->Fields("tskDesc").Value(), Variant("theirs"));
+  database.addTask("C-3");
+  tasks.RequeryRST();
+  EXPECT_EQ(rst->RecordCount(), 3);
+  database.addTask("D-4");
+  tasks.UpdateRST();
+  EXPECT_EQ(rst->RecordCount(), 4);
+}
+
+TEST_F(RecordClassesTest, customOrdersAreNumberedByTheStatementsOrder) {
+  clsTaskList tasks;
+  tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskDesc");
+  EXPECT_TRUE(tasks.ForceCustSortCurrent());
+  EXPECT_EQ(order(), "A-1|2\nB-2|1\n");
+  EXPECT_EQ(database.describe("SELECT tskCustSortTarnel, tskCustSortProj FROM TASKS"), "0|0\n0|0\n");
+  EXPECT_TRUE(tasks.ForceCustSortTarnel());
+  EXPECT_TRUE(tasks.ForceCustSortProject());
+  EXPECT_EQ(database.describe("SELECT tskCustSortTarnel, tskCustSortProj FROM TASKS ORDER BY tskDesc"), "1|1\n2|2\n");
+
+  for (const char* statement :
+       {"SELECT * FROM TASKS WHERE tskGUIDID = 'none'", "no statement", "SELECT tskDesc FROM TASKS"}) {
+    tasks.SetSQL(statement);
+    EXPECT_TRUE(tasks.ForceCustSortCurrent()) << statement;
+  }
+  EXPECT_EQ(order(), "A-1|2\nB-2|1\n");
+  EXPECT_EQ(reports(), "");
+}
+
+TEST_F(RecordClassesTest, theDataMemberIsTheRecordset) {
+  clsTaskList tasks;
+  tasks.SetSQL("SELECT * FROM TASKS");
+  tasks.Class_GetDataMember("Other", rst);
+  EXPECT_EQ(rst, nullptr);
+  tasks.Class_GetDataMember("Recordset", rst);
+  const RecordsetPtr first = rst;
+  database.addTask("C-3");
+  tasks.Class_GetDataMember("Recordset", rst);
+  EXPECT_EQ(first->state(), ado::State::closed);
+  EXPECT_EQ(tasks.GetRowCount(), 3);
+
+  clsUtilCMD util;
+  util.SetSQL("SELECT * FROM TASKS");
+  RecordsetPtr member, again;
+  util.Class_GetDataMember("Recordset", member);
+  util.Class_GetDataMember("Recordset", again);
+  ASSERT_NE(member, nullptr);
+  EXPECT_EQ(member, again);
+  EXPECT_EQ(member->cursorType(), CursorType::fixed);
+}
+
+}  // namespace
+}  // namespace tarnel
