@@ -1,0 +1,44 @@
+#include "CRegistry.h"
+#include "Failure.h"
+#include "ItemText.h"
+#include "OutlookProfilesKey.h"
+#include "SettingsItems.h"
+#include "SettingsTab.h"
+#include "StandardHandler.h"
+#include "m_OutlookWizard.h"
+
+namespace tarnel {
+
+bool SettingsTab::SetupForProfiles() {
+  return standardHandler<bool>(modules::frmOutWiz, "SetupForProfiles", [this](bool& done) {
+    CRegistry registry;
+    registry.Init(rootKey::currentUser);
+    SmartItem& profile = smtSettings.Items().Item(settingsKey::profile);
+    profile.SubItems().Clear();
+    if (registry.KeyExists(outlookProfilesKey)) {
+      std::vector<std::string> names;
+      registry.GetAllSubKeys(outlookProfilesKey, names);
+      showProfiles(names);
+    } else {
+      profile.SubItems().Add(0, "NONE", "Outlook Default", ItemType::dropDownEntry);
+      profile.setValue("Outlook Default");
+    }
+    showProfileItems(smtSettings.Items());
+    done = true;
+  });
+}
+
+void SettingsTab::showProfiles(const std::vector<std::string>& names) {
+  SmartItem& profile = smtSettings.Items().Item(settingsKey::profile);
+  for (const std::string& name : names) {
+    const std::string shown = ZapAmps(name);
+    profile.SubItems().Add(0, shown, shown, ItemType::dropDownEntry);
+  }
+  // Showing a profile is not choosing it.
+  form_.formLoading = true;
+  if (!profileIsChosen() && names.empty()) failSubscript();
+  profile.setValue(profileIsChosen() ? session().theOutlookProfile : names.back());
+  form_.formLoading = false;
+}
+
+}  // namespace tarnel
