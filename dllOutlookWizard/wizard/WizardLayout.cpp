@@ -6,6 +6,8 @@
 namespace tarnel {
 namespace {
 
+constexpr std::int16_t settingsPanel = 2;
+
 constexpr float designWidth = 8400;
 constexpr float designHeight = 5805;
 constexpr float smallestWidth = 7600;
@@ -65,7 +67,7 @@ void frmOutWiz::anchorControls() {
 PictureBox& frmOutWiz::picWiz(std::int16_t panel) {
   if (panel == 0) return appointments_.panel;
   if (panel == 1) return tasks_.panel;
-  if (panel == 2) return settings_.panel;
+  if (panel == settingsPanel) return settings_.panel;
   failSubscript();
 }
 
@@ -95,6 +97,7 @@ bool frmOutWiz::SetVisibleTab(std::int16_t panel) {
     placePanel(next, besideShownPanel, belowShownPanel);
     next.setVisible(true);
     lblHeader_.setCaption(header(panel));
+    if (panel == settingsPanel) settings_.SetupForProfiles();
     visibleTab_ = panel;
     shown = true;
   });

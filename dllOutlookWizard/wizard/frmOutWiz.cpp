@@ -65,6 +65,15 @@ void frmOutWiz::listenToControls() {
   connections_.push_back(smtActions_.Click.connect([this](SmartItem& item) { smtActions_Click(item); }));
   connections_.push_back(tasks_.splitTasks.SplitterEndDrag.connect([this] { splitTasks_SplitterEndDrag(); }));
   connections_.push_back(appointments_.splitAppts.SplitterEndDrag.connect([this] { splitAppts_SplitterEndDrag(); }));
+  connections_.push_back(settings_.lockTabs.connect([this] { lockTabs(); }));
+  const auto passOn = [this](Signal<>& fromTab, Signal<>& event) {
+    connections_.push_back(fromTab.connect([&event] { event(); }));
+  };
+  passOn(settings_.OutlookPrefsChanged, OutlookPrefsChanged);
+  passOn(settings_.ImportFromOutlook, ImportFromOutlook);
+  passOn(settings_.TurnOnOutlookCurrentTasks, TurnOnOutlookCurrentTasks);
+  passOn(settings_.TurnOffOutlookCurrentTasks, TurnOffOutlookCurrentTasks);
+  passOn(settings_.MOPKilled, MOPKilled);
 }
 
 void frmOutWiz::Form_Load() {
@@ -88,6 +97,7 @@ void frmOutWiz::SetupForm(Date CurDate) {
       step();
     }
     state_.formLoading = false;
+    settings_.setTheSettings();
     UNlockTabs();
   });
 }

@@ -31,6 +31,9 @@ class frmOutWiz : public Form {
   void lockTabs();
   void UNlockTabs();
 
+  // Place, size and splitter shares as they would be stored now.
+  const FormState& state() const { return state_; }
+
   Signal<> CloseWiz;
   Signal<std::int32_t&, std::int32_t&, std::string&> doUpdateOutlookSettings;
   Signal<> OutlookPrefsChanged;
@@ -60,7 +63,9 @@ class frmOutWiz : public Form {
 
   void tabWiz_Switching(std::size_t tab);
   void smtActions_Click(const SmartItem& item);
-  void done();
+  void cancel();
+  void update();
+  void saveAndClose();
   void splitTasks_SplitterEndDrag();
   void splitAppts_SplitterEndDrag();
 

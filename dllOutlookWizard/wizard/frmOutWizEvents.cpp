@@ -1,6 +1,7 @@
 #include "SaveSettings.h"
 #include "StandardHandler.h"
 #include "frmOutWiz.h"
+#include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
@@ -44,11 +45,26 @@ void frmOutWiz::Form_KeyDown(int& keyCode) {
 
 void frmOutWiz::smtActions_Click(const SmartItem& item) {
   standardHandler(modules::frmOutWiz, "smtActions_Click", [&] {
-    if (item.Key() == "DONE") done();
+    if (item.Key() == "DONE") saveAndClose();
+    if (item.Key() == "CANCEL") cancel();
+    if (item.Key() == "UPDATE") update();
   });
 }
 
-void frmOutWiz::done() {
+void frmOutWiz::cancel() {
+  settings_.setTheSettings();
+  UNlockTabs();
+}
+
+void frmOutWiz::update() {
+  settings_.getUpdatedSettings();
+  doUpdateOutlookSettings(settings_.newTaskSetting, settings_.newApptSetting, session().theOutlookProfile);
+  settings_.FromToOutTasks();
+  settings_.FromToOutAppts();
+  saveAndClose();
+}
+
+void frmOutWiz::saveAndClose() {
   state_.formClosing = true;
   SaveSettings(state_);
   CloseWiz();
