@@ -27,6 +27,7 @@ std::filesystem::path TempFolder::write(std::string_view name, std::string_view 
 }
 
 std::string contentsOf(const std::filesystem::path& file) {
+  if (!std::filesystem::is_regular_file(file)) return {};
   std::ifstream stream(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(stream), {}};
 }

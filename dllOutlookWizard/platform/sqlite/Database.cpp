@@ -45,9 +45,11 @@ void failOf(sqlite3* database, std::int32_t number) {
 
 void Database::Closer::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
 
-Database::Database(const std::filesystem::path& path, int flags) {
+Database::Database(const std::filesystem::path& path, Opening opening) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE |
+                    (opening == Opening::orNew ? SQLITE_OPEN_CREATE : 0);
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
   handle_.reset(opened);
   if (result != SQLITE_OK)
     throw Failure(failure::engine,

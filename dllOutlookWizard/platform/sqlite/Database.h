@@ -12,8 +12,10 @@ namespace tarnel::sqlite {
 // An open database file: waits for others' locks, and every transaction is on disk when it ends.
 class Database {
  public:
-  // `flags` are sqlite3_open_v2's. Failure naming the file when it can't be opened.
-  Database(const std::filesystem::path& path, int flags);
+  enum class Opening { existing, orNew };
+
+  // Failure naming the file when it can't be opened.
+  explicit Database(const std::filesystem::path& path, Opening opening = Opening::existing);
 
   sqlite3* handle() const { return handle_.get(); }
   // Runs the engine's own statements, any number of them.

@@ -78,8 +78,7 @@ ado::Result readSelect(sqlite3* database, const JetStatement& select) {
 
 }  // namespace
 
-SqliteSession::SqliteSession(const std::filesystem::path& path)
-    : database_(checked(path), SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE) {
+SqliteSession::SqliteSession(const std::filesystem::path& path) : database_(checked(path)) {
   // The first look at the contents, where a damaged file shows.
   database_.run("SELECT count(*) FROM sqlite_schema");
 }

@@ -1,6 +1,5 @@
 #include "createDatabase.h"
 
-#include <sqlite3.h>
 #include <unistd.h>
 
 #include "Database.h"
@@ -40,7 +39,7 @@ void createDatabase(const fs::path& path, const std::string& script) {
   if (fs::exists(fs::symlink_status(path))) failTaken(path);
   const Draft draft(path);
   {
-    Database database(draft.path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    Database database(draft.path(), Database::Opening::orNew);
     database.useWriteAheadLog();
     Transaction transaction(database);
     database.run(script);
