@@ -31,9 +31,7 @@ bool attempt(GetApplication getApplication) {
 
 bool manageOutlookRef() {
   releaseOutlook();
-  // Twice: the first round's events may leave others behind.
-  platform().desktop.doEvents();
-  platform().desktop.doEvents();
+  letEventsRun();
 
   outlook::ClassFactory& factory = platform().outlook;
   const auto create = [&] { return factory.createApplication(); };
@@ -51,6 +49,16 @@ bool manageOutlookRef() {
 
 void tellOutlookIsOutOfReach() {
   tellUser("Unable to access Outlook. Outlook may be busy, or in an unresponsive state.");
+}
+
+void closeOutlook() {
+  ignoringFailures([] { platform().outlook.createMAPIUtils()->Cleanup(); });
+  releaseOutlook();
+}
+
+void letEventsRun() {
+  platform().desktop.doEvents();
+  platform().desktop.doEvents();
 }
 
 outlook::Application& outlookApplication() {

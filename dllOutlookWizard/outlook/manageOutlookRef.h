@@ -12,6 +12,12 @@ bool manageOutlookRef();
 // What a routine says when it can't go on without Outlook.
 void tellOutlookIsOutOfReach();
 
+// Ends a run: Redemption's cleanup, whose failures are ignored, then lets go of Outlook.
+void closeOutlook();
+
+// Lets waiting events of the form run, twice: the first round's events may leave others behind.
+void letEventsRun();
+
 // The session's objects. Failure 91 while they are empty.
 outlook::Application& outlookApplication();
 outlook::NameSpace& outlookNameSpace();

@@ -1,5 +1,6 @@
 #include "TaskLists.h"
 
+#include "Conversions.h"
 #include "ItemText.h"
 #include "StandardHandler.h"
 #include "TaskPicker.h"

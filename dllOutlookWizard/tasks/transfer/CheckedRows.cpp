@@ -1,9 +1,6 @@
 #include "CheckedRows.h"
 
-#include "ClassFactory.h"
 #include "Platform.h"
-#include "StandardHandler.h"
-#include "m_OutlookWizard.h"
 
 namespace tarnel {
 
@@ -19,16 +16,6 @@ void CheckedRows::forEach(const std::function<void(SmartItem& row)>& act) const 
     if (list_.Items().Exists(key)) act(list_.Items().Item(key));
     platform().desktop.progress(done + 1, total);
   }
-}
-
-void letEventsRun() {
-  platform().desktop.doEvents();
-  platform().desktop.doEvents();
-}
-
-void closeOutlook() {
-  ignoringFailures([] { platform().outlook.createMAPIUtils()->Cleanup(); });
-  releaseOutlook();
 }
 
 }  // namespace tarnel

@@ -22,10 +22,4 @@ class CheckedRows {
   std::vector<std::string> keys_;
 };
 
-// Lets waiting events of the form run, twice: the first round's events may leave others behind.
-void letEventsRun();
-
-// Ends a run: Redemption's cleanup, whose failures are ignored, then lets go of Outlook.
-void closeOutlook();
-
 }  // namespace tarnel
