@@ -22,8 +22,8 @@ void AppointmentsTab::layTarnelPane() {
     dateLabel_.Move(0, tarnelCaption_.Height(), dateLabelWidth, dateHeight);
     tarnelActions_.Move(0, height - bandHeight, width, bandHeight);
     ctDeadline_.Move(dateLeft, dateLabel_.Top(), width - besideDate, dateHeight);
-    tarnelSchedule_.Move(0, tarnelCaption_.Height() + dateLabel_.Height(), width - offSchedule,
-                         height - (outlookActions_.Height() + tarnelCaption_.Height() + bandHeight));
+    schedules.tarnelSide.Move(0, tarnelCaption_.Height() + dateLabel_.Height(), width - offSchedule,
+                              height - (outlookActions_.Height() + tarnelCaption_.Height() + bandHeight));
   });
 }
 
@@ -34,8 +34,8 @@ void AppointmentsTab::layOutlookPane() {
     outlookCaption_.Move(0, 0, width, bandHeight);
     smtTimebarSizer_.Move(0, outlookCaption_.Height(), width, bandHeight);
     outlookActions_.Move(0, height - bandHeight, width, bandHeight);
-    outlookSchedule_.Move(0, smtTimebarSizer_.Height() + outlookCaption_.Height(), width - offSchedule,
-                          height - (outlookActions_.Height() + bandHeight + bandHeight));
+    schedules.outlookSide.Move(0, smtTimebarSizer_.Height() + outlookCaption_.Height(), width - offSchedule,
+                               height - (outlookActions_.Height() + bandHeight + bandHeight));
   });
 }
 

@@ -1,32 +1,51 @@
 #include "AppointmentsTab.h"
 
+#include "StandardHandler.h"
+#include "TimeBar.h"
+
 namespace tarnel {
+namespace {
+
+void makeActions(SmartUI& bar) {
+  const auto add = [&bar](const char* key, const char* caption, const char* toolTip) {
+    bar.Items().Add(0, key, caption, ItemType::button).setToolTipText(toolTip);
+  };
+  add("ALL", "All", "Select all Task Appointments");
+  add("NONE", "None", "Unselect all Task Appointments");
+  bar.Items().Add(0, "", "", ItemType::separator);
+  add("DELETE", "Delete", "");
+  add("UPDATE", "Copy/Update", "Copy selected Task Appointments to Outlook");
+}
+
+}  // namespace
 
 AppointmentsTab::AppointmentsTab(FormState& form)
     : panel("picWiz", 0),
       splitAppts("splitAppts"),
+      schedules(form),
       form_(form),
       tarnelPane_("paneAppt", 1),
       outlookPane_("paneAppt", 2),
       tarnelCaption_("lblShow", 1, Label::Look::band, "Tarnel"),
       dateLabel_("lblShow", 0, Label::Look::text, "Date to Show:"),
       ctDeadline_("ctDeadline"),
-      tarnelSchedule_("ctDaySked", 0),
       tarnelActions_("smtApptActions", 0, SmartUI::Look::bar),
       outlookCaption_("lblShow", 2, Label::Look::band, "Microsoft Outlook"),
       smtTimebarSizer_("smtTimebarSizer", SmartUI::Look::bar),
-      outlookSchedule_("ctDaySked", 1),
       outlookActions_("smtApptActions", 1, SmartUI::Look::bar),
       tarnelResizer_("SSResizer1", 3),
       outlookResizer_("SSResizer1", 4) {
   panel.setVisible(false);
   ctDeadline_.setToolTipText("Select the Date to display");
+  makeActions(tarnelActions_);
+  makeActions(outlookActions_);
+  makeTimeBarItems(smtTimebarSizer_);
   splitAppts.setContainer(panel);
-  for (Control* control :
-       std::initializer_list<Control*>{&tarnelCaption_, &dateLabel_, &ctDeadline_, &tarnelSchedule_, &tarnelActions_})
+  for (Control* control : std::initializer_list<Control*>{&tarnelCaption_, &dateLabel_, &ctDeadline_,
+                                                          &schedules.tarnelSide, &tarnelActions_})
     control->setContainer(tarnelPane_);
   for (Control* control :
-       std::initializer_list<Control*>{&outlookCaption_, &smtTimebarSizer_, &outlookSchedule_, &outlookActions_})
+       std::initializer_list<Control*>{&outlookCaption_, &smtTimebarSizer_, &schedules.outlookSide, &outlookActions_})
     control->setContainer(outlookPane_);
 
   const auto placedByHandler = [this](SSResizer& resizer, SSPanel& pane, void (AppointmentsTab::*lay)()) {
@@ -38,16 +57,23 @@ AppointmentsTab::AppointmentsTab(FormState& form)
   placedByHandler(outlookResizer_, outlookPane_, &AppointmentsTab::layOutlookPane);
   splitAppts.Panes("Left").setContent(tarnelPane_);
   splitAppts.Panes("Right").setContent(outlookPane_);
+
+  connections_.push_back(ctDeadline_.Change.connect([this] { ctDeadline_Change(); }));
+  connections_.push_back(smtTimebarSizer_.Click.connect(
+      [this](SmartItem& item) { smtTimebarSizer_Click(smtTimebarSizer_, schedules, item); }));
+  connections_.push_back(tarnelActions_.Click.connect([this](SmartItem& item) { smtApptActions_Click(0, item); }));
+  connections_.push_back(outlookActions_.Click.connect([this](SmartItem& item) { smtApptActions_Click(1, item); }));
 }
 
 std::vector<Control*> AppointmentsTab::controls() {
-  return {&panel,           &splitAppts,     &tarnelPane_,    &tarnelCaption_,  &dateLabel_,       &ctDeadline_,
-          &tarnelSchedule_, &tarnelActions_, &outlookPane_,   &outlookCaption_, &smtTimebarSizer_, &outlookSchedule_,
-          &outlookActions_, &tarnelResizer_, &outlookResizer_};
+  return {&panel,           &splitAppts,      &tarnelPane_,          &tarnelCaption_,
+          &dateLabel_,      &ctDeadline_,     &schedules.tarnelSide, &tarnelActions_,
+          &outlookPane_,    &outlookCaption_, &smtTimebarSizer_,     &schedules.outlookSide,
+          &outlookActions_, &tarnelResizer_,  &outlookResizer_};
 }
 
 void AppointmentsTab::addImages(const std::vector<std::string>& pictures) {
-  for (ctMDay* schedule : {&tarnelSchedule_, &outlookSchedule_}) {
+  for (ctMDay* schedule : schedules.both()) {
     schedule->setUseImages(true);
     for (const std::string& picture : pictures) schedule->AddImage(picture);
   }
@@ -55,8 +81,29 @@ void AppointmentsTab::addImages(const std::vector<std::string>& pictures) {
 
 void AppointmentsTab::showFormDate() {
   ctDeadline_.setDate(form_.formCurDate);
-  tarnelSchedule_.setShowDate(form_.formCurDate);
-  outlookSchedule_.setShowDate(form_.formCurDate);
+  schedules.showFormDate();
+}
+
+void AppointmentsTab::SetCals() { tarnel::SetCals(smtTimebarSizer_, schedules); }
+
+void AppointmentsTab::ctDeadline_Change() {
+  if (form_.formLoading) return;
+  standardHandler(modules::frmOutWiz, "ctDeadline_Change", [this] {
+    form_.formCurDate = ctDeadline_.Date();
+    schedules.showFormDate();
+    schedules.refreshDay();
+  });
+}
+
+void AppointmentsTab::smtApptActions_Click(int index, const SmartItem& item) {
+  standardHandler(modules::frmOutWiz, "smtApptActions_Click", [&] {
+    const bool tarnelSide = index == 0;
+    const std::string& key = item.Key();
+    if (key == "ALL") tarnelSide ? schedules.MarkAllTarnelAppts() : schedules.MarkAllOutlookAppts();
+    if (key == "NONE") tarnelSide ? schedules.UNMarkAllTarnelAppts() : schedules.UNMarkAllOutlookAppts();
+    if (key == "DELETE") tarnelSide ? schedules.DeleteTarnelAppts() : schedules.DeleteOutlookAppts();
+    if (key == "UPDATE") schedules.Tarnel2OUTAppts();  // from either side the marks of the Tarnel side
+  });
 }
 
 }  // namespace tarnel

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
+#include "DaySchedules.h"
 #include "FormState.h"
 #include "Label.h"
 #include "Panels.h"
@@ -9,17 +11,18 @@
 #include "SSSplitter.h"
 #include "SmartUI.h"
 #include "ctDropDate.h"
-#include "ctMDay.h"
 
 namespace tarnel {
 
-// The Appointments tab: one day of Task Appointments on the left, the same day of Outlook's calendar on the right.
+// The Appointments tab: one day of Task Appointments on the left, the same day of Outlook's calendar on the right, an
+// action bar under each. The date box chooses the day, the time bar how both schedules draw it.
 class AppointmentsTab {
  public:
   explicit AppointmentsTab(FormState& form);
 
   PictureBox panel;  // picWiz(0)
   SSSplitter splitAppts;
+  DaySchedules schedules;
 
   // The tab's controls in tab order, containers before what is in them.
   std::vector<Control*> controls();
@@ -27,8 +30,12 @@ class AppointmentsTab {
   void addImages(const std::vector<std::string>& pictures);
   // Puts the date box and both schedules on the form's day.
   void showFormDate();
+  // Puts the time bar and both schedules on the hours and the interval that the host asked for.
+  void SetCals();
 
  private:
+  void ctDeadline_Change();
+  void smtApptActions_Click(int index, const SmartItem& item);
   void layTarnelPane();
   void layOutlookPane();
 
@@ -38,11 +45,9 @@ class AppointmentsTab {
   Label tarnelCaption_;  // lblShow(1)
   Label dateLabel_;      // lblShow(0)
   ctDropDate ctDeadline_;
-  ctMDay tarnelSchedule_;  // ctDaySked(0)
   SmartUI tarnelActions_;  // smtApptActions(0)
   Label outlookCaption_;   // lblShow(2)
   SmartUI smtTimebarSizer_;
-  ctMDay outlookSchedule_;   // ctDaySked(1)
   SmartUI outlookActions_;   // smtApptActions(1)
   SSResizer tarnelResizer_;  // SSResizer1(3)
   SSResizer outlookResizer_;

@@ -88,10 +88,11 @@ void frmOutWiz::SetupForm(Date CurDate) {
   standardHandler(modules::frmOutWiz, "SetupForm", [&] {
     state_.formLoading = true;
     state_.formCurDate = CurDate.wholeDay().days <= lastUnsetDay ? platform().clock.now().wholeDay() : CurDate;
-    const std::array<std::function<void()>, 6> steps{
-        [this] { appointments_.showFormDate(); },    [this] { loadMySettings(); },
-        [this] { tasks_.lists.GetOutlookTasks(); },  [this] { tasks_.setupPicker(); },
-        [this] { tasks_.lists.refillTarnelList(); }, [this] { openFirstTab(); }};
+    const std::array<std::function<void()>, 8> steps{
+        [this] { appointments_.showFormDate(); },   [this] { loadMySettings(); },
+        [this] { tasks_.lists.GetOutlookTasks(); }, [this] { appointments_.schedules.refreshDay(); },
+        [this] { tasks_.setupPicker(); },           [this] { tasks_.lists.refillTarnelList(); },
+        [this] { appointments_.SetCals(); },        [this] { openFirstTab(); }};
     for (const auto& step : steps) {
       if (!isLoaded()) return;  // a failure in the step before took the form away
       step();

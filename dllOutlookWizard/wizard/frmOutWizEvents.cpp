@@ -1,3 +1,4 @@
+#include "HelpTopics.h"
 #include "SaveSettings.h"
 #include "StandardHandler.h"
 #include "frmOutWiz.h"
@@ -45,6 +46,7 @@ void frmOutWiz::Form_KeyDown(int& keyCode) {
 
 void frmOutWiz::smtActions_Click(const SmartItem& item) {
   standardHandler(modules::frmOutWiz, "smtActions_Click", [&] {
+    if (item.Key() == "HELP") openHelpPop(helpNumber::outlookWizard);
     if (item.Key() == "DONE") saveAndClose();
     if (item.Key() == "CANCEL") cancel();
     if (item.Key() == "UPDATE") update();
@@ -72,6 +74,7 @@ void frmOutWiz::saveAndClose() {
 
 void frmOutWiz::Form_QueryUnload() {
   standardHandler(modules::frmOutWiz, "Form_QueryUnload", [this] {
+    appointments_.schedules.closeRows();
     tasks_.lists.closeRows();
     if (state_.formClosing) return;
     // Settings that were never read can't be written back.
