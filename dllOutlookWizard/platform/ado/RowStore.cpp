@@ -17,7 +17,7 @@ std::size_t RowStore::NameHash::operator()(std::string_view name) const {
 }
 
 bool RowStore::NameEqual::operator()(std::string_view left, std::string_view right) const {
-  return equalsIgnoringCase(left, right);
+  return left == right || equalsIgnoringCase(left, right);
 }
 
 RowStore::RowStore(Result result) : result_(std::move(result)) {
