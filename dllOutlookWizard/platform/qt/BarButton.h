@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPushButton>
+
+#include "SmartUI.h"
+#include "ViewSite.h"
+
+namespace tarnel::qt {
+
+// A button of a bar: presses its item, or opens the menu of its entries.
+class BarButton : public QPushButton {
+ public:
+  static constexpr int widestPadding = 9;  // pixels at each side of the caption
+  static constexpr int narrowestPadding = 3;
+
+  BarButton(SmartUI& control, SmartItem& item, ViewSite& site, QWidget* parent);
+
+  // Caption, check, tool tip and picture, as the item has them now.
+  void showState();
+  // How wide it wants to be with this padding.
+  int widthWith(int padding) const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  QSize sizeHint() const override;
+
+ private:
+  bool opensMenu() const { return menu() != nullptr; }
+  bool hasPicture() const;
+  QColor ground() const;
+
+  SmartItem& item_;
+};
+
+// Fills `menu` with the entries that can be seen; choosing one presses it.
+void fillMenu(QMenu& menu, SmartUI& control, SmartItem& item, ViewSite& site);
+
+}  // namespace tarnel::qt

@@ -1,0 +1,165 @@
+#include "BarView.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QPainter>
+#include <algorithm>
+
+#include "BarButton.h"
+#include "Colors.h"
+#include "DropDown.h"
+#include "QtText.h"
+
+namespace tarnel::qt {
+namespace {
+
+constexpr int gap = 2;
+constexpr int edge = 4;
+constexpr int separatorWidth = 6;
+constexpr int overflowWidth = 24;
+constexpr int dropDownWidth = 130;
+constexpr int tallestButton = 26;
+
+// For bars on which little is missing.
+QFont narrowFont() {
+  QFont font = formFont();
+  font.setPixelSize(font.pixelSize() - 1);
+  return font;
+}
+
+}  // namespace
+
+BarView::BarView(SmartUI& control, ViewSite& site, QWidget* parent)
+    : ItemsPanel(control, site, parent), overflow_(new QPushButton(QStringLiteral("\u00BB"), this)) {
+  overflow_->setAccessibleName(tr("More commands"));
+  overflow_->setToolTip(tr("More commands"));
+  auto* menu = new QMenu(overflow_);
+  menu->setToolTipsVisible(true);
+  connect(menu, &QMenu::aboutToShow, this, [this] { fillOverflow(); });
+  overflow_->setMenu(menu);
+  overflow_->setStyleSheet(QStringLiteral("QPushButton::menu-indicator{width:0}"));
+  overflow_->hide();
+  catchUp();
+}
+
+void BarView::build() {
+  for (const Place& place : places_) {
+    place.widget->hide();
+    place.widget->deleteLater();
+  }
+  places_.clear();
+  for (SmartItem& item : control().Items())
+    if (QWidget* widget = makeWidget(item)) places_.push_back({&item, widget});
+  arrange();
+}
+
+QWidget* BarView::makeWidget(SmartItem& item) {
+  switch (item.Type()) {
+    case ItemType::button:
+    case ItemType::toggleButton:
+    case ItemType::option:
+    case ItemType::checkBox:
+    case ItemType::menu:
+      return new BarButton(control(), item, site(), this);
+    case ItemType::label:
+    case ItemType::group:
+    case ItemType::note:
+      return makeLabel(item);
+    case ItemType::dropDown:
+      return new DropDown(control(), item, site(), this);
+    case ItemType::separator:
+      return new QWidget(this);
+    default:
+      return nullptr;
+  }
+}
+
+QWidget* BarView::makeLabel(const SmartItem& item) {
+  auto* label = new QLabel(text(item.Caption()), this);
+  label->setTextFormat(Qt::PlainText);
+  label->setToolTip(qt::toolTip(text(item.ToolTipText())));
+  return label;
+}
+
+void BarView::show(SmartItem& item) {
+  for (const Place& place : places_) {
+    if (place.item != &item) continue;
+    if (auto* button = dynamic_cast<BarButton*>(place.widget)) button->showState();
+    if (auto* dropDown = dynamic_cast<DropDown*>(place.widget)) dropDown->showState();
+    if (auto* label = dynamic_cast<QLabel*>(place.widget)) label->setText(text(item.Caption()));
+  }
+  arrange();
+}
+
+int BarView::widthOf(const Place& place, int padding) const {
+  if (!place.item->Visible()) return 0;
+  if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + gap;
+  if (place.item->Type() == ItemType::separator) return separatorWidth + gap;
+  if (place.item->Type() == ItemType::dropDown) return dropDownWidth + gap;
+  return place.widget->sizeHint().width() + gap;
+}
+
+int BarView::widthOfAll(int padding) const {
+  int sum = 2 * edge;
+  for (const Place& place : places_) sum += widthOf(place, padding);
+  return sum;
+}
+
+void BarView::useFont(const QFont& font) {
+  for (const Place& place : places_) place.widget->setFont(font);
+}
+
+void BarView::arrange() {
+  useFont(formFont());
+  int padding = BarButton::widestPadding;
+  while (padding > BarButton::narrowestPadding && widthOfAll(padding) > width()) --padding;
+  if (widthOfAll(padding) > width()) useFont(narrowFont());
+  const bool allFit = widthOfAll(padding) <= width();
+  const int end = width() - edge - (allFit ? 0 : overflowWidth);
+  const int high = std::min(height() - 2, tallestButton);
+  const int top = (height() - high) / 2;
+  overflowing_.clear();
+  int left = edge;
+  for (const Place& place : places_) {
+    const int wide = widthOf(place, padding);
+    const bool fits = overflowing_.empty() && left + wide <= end;
+    if (!fits && wide > 0) overflowing_.push_back(place.item);
+    place.widget->setGeometry(left, top, std::max(wide - gap, 0), high);
+    place.widget->setVisible(fits && wide > 0);
+    if (fits) left += wide;
+  }
+  overflow_->setGeometry(width() - edge - overflowWidth + gap, top, overflowWidth - gap, high);
+  overflow_->setVisible(!overflowing_.empty());
+  update();
+}
+
+void BarView::fillOverflow() {
+  QMenu& menu = *overflow_->menu();
+  menu.clear();
+  catchUp();
+  for (SmartItem* item : overflowing_) {
+    if (item->Type() == ItemType::separator) menu.addSeparator();
+    if (item->Type() == ItemType::menu) fillMenu(*menu.addMenu(text(item->Caption())), control(), *item, site());
+    if (!dynamic_cast<BarButton*>(std::ranges::find(places_, item, &Place::item)->widget)) continue;
+    if (item->Type() == ItemType::menu) continue;
+    QAction* action = menu.addAction(text(item->Caption()));
+    action->setToolTip(text(item->ToolTipText()));
+    action->setCheckable(item->Type() != ItemType::button);
+    action->setChecked(item->Checked());
+    connect(action, &QAction::triggered, this, [this, item] { site().act([&] { control().press(*item); }); });
+  }
+}
+
+void BarView::resizeEvent(QResizeEvent* event) {
+  ItemsPanel::resizeEvent(event);
+  arrange();
+}
+
+void BarView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  for (const Place& place : places_)
+    if (place.item->Type() == ItemType::separator && !place.widget->isHidden())
+      painter.fillRect(place.widget->geometry().center().x(), 5, 1, height() - 10, lineColor(palette()));
+}
+
+}  // namespace tarnel::qt

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ItemsPanel.h"
+
+class QPushButton;
+
+namespace tarnel::qt {
+
+// A row of buttons, toggles, labels and menus. What has no room goes into a menu at the row's end.
+class BarView : public ItemsPanel {
+ public:
+  BarView(SmartUI& control, ViewSite& site, QWidget* parent);
+
+ protected:
+  void build() override;
+  void show(SmartItem& item) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  struct Place {
+    SmartItem* item;
+    QWidget* widget;
+  };
+  QWidget* makeWidget(SmartItem& item);
+  QWidget* makeLabel(const SmartItem& item);
+  int widthOf(const Place& place, int padding) const;
+  int widthOfAll(int padding) const;
+  void useFont(const QFont& font);
+  void arrange();
+  void fillOverflow();
+
+  std::vector<Place> places_;
+  std::vector<SmartItem*> overflowing_;
+  QPushButton* overflow_;
+};
+
+}  // namespace tarnel::qt

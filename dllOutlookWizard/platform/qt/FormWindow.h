@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QWidget>
+#include <exception>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "Form.h"
+#include "ViewFactory.h"
+#include "ViewSite.h"
+
+class QKeyEvent;
+
+namespace tarnel::qt {
+
+// The window of any form: one view for each control, where the form puts it. Whatever the user does to the window goes
+// to the form, which alone decides: a size, a key, the close box.
+class FormWindow : public QWidget, public ViewSite {
+ public:
+  // Form and controls outlive the window. Shows nothing yet.
+  FormWindow(Form& form, const ViewFactory& views, QWidget* parent);
+  ~FormWindow() override;
+
+  // None for a control without a view.
+  QWidget* view(const Control& control) const;
+
+  // On the screen where the form says, or in its middle when that place is out of sight.
+  void present();
+
+  void act(const std::function<void()>& gesture) override;
+  void tabStopsChanged() override;
+  // Whether a listener threw at a gesture. From then on gestures do nothing.
+  bool hasFailed() const { return broken_; }
+  // What it threw, once; none otherwise.
+  std::exception_ptr takeFailure() { return std::exchange(failure_, nullptr); }
+
+  // A gesture's listener threw.
+  Signal<> failed;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void addView(Control& control);
+  void followForm();
+  void tellForm();
+  bool formTakesKey(QKeyEvent& event);
+  void comeIntoSight();
+  void addTabStops(const Control* container, QList<QWidget*>& stops) const;
+  void addOwnTabStops(QWidget& top, QList<QWidget*>& stops) const;
+
+  Form& form_;
+  std::unordered_map<const Control*, QWidget*> viewOf_;
+  std::vector<Connection> connections_;
+  std::exception_ptr failure_;
+  bool broken_ = false;
+  bool placed_ = false;  // before, the window system's own ideas of place and size are of no interest
+};
+
+}  // namespace tarnel::qt

@@ -1,0 +1,97 @@
+#include "QtApplication.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QStyle>
+#include <QStyleFactory>
+
+#include "Colors.h"
+#include "Failure.h"
+
+namespace tarnel::qt {
+namespace {
+
+constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+constexpr int patience = 150;  // milliseconds that the desktop has to tell its colours
+
+// What the desktop answers to org.freedesktop.appearance color-scheme: 1 is dark.
+bool desktopPrefersDark() {
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return false;
+  QDBusMessage question = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+      QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+  question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience);
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return false;
+  QVariant value = answer.arguments().constFirst();
+  while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+  return value.toUInt() == 1;
+}
+
+// A desktop that has a palette of its own keeps it.
+QPalette desktopPalette() {
+  const QPalette given = QApplication::palette();
+  if (given != QApplication::style()->standardPalette()) return given;
+  return desktopPrefersDark() ? darkPalette() : lightPalette();
+}
+
+}  // namespace
+
+struct QtApplication::Inside {
+  std::unique_ptr<QApplication> application;  // none where the host has its own
+  QPalette desktop;
+};
+
+bool QtApplication::screenIsNamed() {
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty(platformVariable);
+}
+
+QtApplication::QtApplication(int& argc, char** argv, Colors colors) : inside_(std::make_unique<Inside>()) {
+  const bool chosen = !qEnvironmentVariableIsEmpty(platformVariable);
+  // Qt ends the process when no platform answers; the last one always does, and is told apart below.
+  if (!chosen)
+    qputenv(platformVariable,
+            qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb;offscreen" : "wayland;xcb;offscreen");
+  start(argc, argv, colors);
+  if (!chosen) qunsetenv(platformVariable);
+  if (!chosen && inside_->application && QGuiApplication::platformName() == QStringLiteral("offscreen"))
+    throw Failure(failure::fileNotFound,
+                  "The window can't be opened because no screen answers (DISPLAY=\"" +
+                      qEnvironmentVariable("DISPLAY").toStdString() +
+                      "\"). Start the program inside a desktop session, or use \"tarnel drive\".");
+}
+
+QtApplication::QtApplication(WithoutScreen, int& argc, char** argv, Colors colors)
+    : inside_(std::make_unique<Inside>()) {
+  qputenv(platformVariable, "offscreen");
+  start(argc, argv, colors);
+}
+
+QtApplication::~QtApplication() = default;
+
+void QtApplication::start(int& argc, char** argv, Colors colors) {
+  if (QCoreApplication::instance()) return;
+  inside_->application = std::make_unique<QApplication>(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tarnel"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Tarnel"));
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setQuitOnLastWindowClosed(false);  // a wizard that closes hands back to its host
+  inside_->desktop = desktopPalette();
+  setColors(colors);
+}
+
+void QtApplication::setColors(Colors colors) {
+  switch (colors) {
+    case Colors::desktop:
+      return QApplication::setPalette(inside_->desktop);
+    case Colors::light:
+      return QApplication::setPalette(lightPalette());
+    case Colors::dark:
+      return QApplication::setPalette(darkPalette());
+  }
+}
+
+}  // namespace tarnel::qt

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+
+namespace tarnel::qt {
+
+enum class Colors { desktop, light, dark };
+
+// The part of a process that every window needs. Where the host has one already, that one is used and left as it is.
+class QtApplication {
+ public:
+  // `argc` and `argv` stay as they are for as long as this object. Failure 53 when no screen can be reached.
+  QtApplication(int& argc, char** argv, Colors colors = Colors::desktop);
+  // On a picture in memory instead of a screen: for machines without one.
+  struct WithoutScreen {};
+  QtApplication(WithoutScreen, int& argc, char** argv, Colors colors = Colors::light);
+  ~QtApplication();
+
+  // Whether the environment names a screen; whether it answers shows only when it is asked.
+  static bool screenIsNamed();
+
+  void setColors(Colors colors);
+
+ private:
+  struct Inside;
+  void start(int& argc, char** argv, Colors colors);
+
+  std::unique_ptr<Inside> inside_;
+};
+
+}  // namespace tarnel::qt

@@ -1,0 +1,43 @@
+#include "ViewFactory.h"
+
+#include "BarView.h"
+#include "CheckListView.h"
+#include "FormItemsView.h"
+#include "LabelView.h"
+#include "Panels.h"
+#include "SplitterView.h"
+#include "TabsView.h"
+
+namespace tarnel::qt {
+namespace {
+
+QWidget* makeItemsView(SmartUI& control, ViewSite& site, QWidget* parent) {
+  switch (control.look()) {
+    case SmartUI::Look::checkList:
+      return new CheckListView(control, site, parent);
+    case SmartUI::Look::bar:
+      return new BarView(control, site, parent);
+    case SmartUI::Look::form:
+      return new FormItemsView(control, site, parent);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ViewFactory::ViewFactory() {
+  add<Label>([](Label& control, ViewSite&, QWidget* parent) { return new LabelView(control, parent); });
+  add<PictureBox>([](PictureBox&, ViewSite&, QWidget* parent) { return new QWidget(parent); });
+  add<SSPanel>([](SSPanel&, ViewSite&, QWidget* parent) { return new QWidget(parent); });
+  add<SSSplitter>(
+      [](SSSplitter& control, ViewSite& site, QWidget* parent) { return new SplitterView(control, site, parent); });
+  add<SftTabs>([](SftTabs& control, ViewSite& site, QWidget* parent) { return new TabsView(control, site, parent); });
+  add<SmartUI>(makeItemsView);
+}
+
+QWidget* ViewFactory::make(Control& control, ViewSite& site, QWidget* parent) const {
+  const auto maker = makers_.find(typeid(control));
+  return maker == makers_.end() ? nullptr : maker->second(control, site, parent);
+}
+
+}  // namespace tarnel::qt

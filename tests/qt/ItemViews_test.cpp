@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "Conversions.h"
+#include "ShownForm.h"
+
+namespace tarnel::qt {
+namespace {
+
+struct ItemViews : testing::Test {
+  QComboBox& dropDown(int number) { return *shown.view(shown.form.picker).findChildren<QComboBox*>().at(number); }
+  std::string value(const char* key) { return toText(shown.form.picker.Items().Item(key).Value()); }
+
+  ShownForm shown;
+};
+
+TEST_F(ItemViews, buttonsPressTheirItems) {
+  std::vector<std::string> pressed;
+  const Connection onClick = shown.form.actions.Click.connect([&](SmartItem& item) { pressed.push_back(item.Key()); });
+  QTest::mouseClick(shown.button(shown.form.actions, "&Help"), Qt::LeftButton);
+  QTest::keyClick(shown.button(shown.form.actions, "&Done"), Qt::Key_Space);
+  QTest::keyClick(shown.window.get(), Qt::Key_U, Qt::AltModifier);
+  // A button that is pressed by its letter shows that for a moment first.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 3; }));
+  EXPECT_EQ(pressed, (std::vector<std::string>{"&Help", "&Done", "&Update"}));
+}
+
+TEST_F(ItemViews, itemsComeAndGoByTheirVisibility) {
+  EXPECT_FALSE(shown.button(shown.form.actions, "C&ancel")->isVisible());
+  shown.form.actions.Items().Item("C&ancel").setVisible(true);
+  shown.form.actions.Items().Item("&Done").setVisible(false);
+  EXPECT_TRUE(shown.button(shown.form.actions, "C&ancel")->isVisible());
+  EXPECT_FALSE(shown.button(shown.form.actions, "&Done")->isVisible());
+}
+
+TEST_F(ItemViews, whatHasNoRoomOnABarIsInItsLastMenu) {
+  std::vector<std::string> pressed;
+  const Connection onClick = shown.form.commands.Click.connect([&](SmartItem& item) { pressed.push_back(item.Key()); });
+  shown.form.splitter.drag(2000);
+  QPushButton* more = nullptr;
+  for (auto* button : shown.view(shown.form.commands).findChildren<QPushButton*>())
+    if (button->accessibleName() == "More commands") more = button;
+  ASSERT_TRUE(more && more->isVisible());
+  EXPECT_FALSE(shown.button(shown.form.commands, "Copy/Update")->isVisible());
+  QMetaObject::invokeMethod(more->menu(), "aboutToShow");
+  more->menu()->actions().last()->trigger();
+  EXPECT_EQ(pressed, std::vector<std::string>{"Copy/Update"});
+  shown.form.splitter.drag(6000);
+  EXPECT_FALSE(more->isVisible());
+}
+
+TEST_F(ItemViews, menuOpensItsEntries) {
+  std::string pressed;
+  const Connection onClick = shown.form.actions.Click.connect([&](SmartItem& item) { pressed = item.Key(); });
+  auto* button = dynamic_cast<QPushButton*>(shown.button(shown.form.actions, "&More"));
+  QMetaObject::invokeMethod(button->menu(), "aboutToShow");
+  ASSERT_EQ(button->menu()->actions().size(), 1);
+  button->menu()->actions().first()->trigger();
+  EXPECT_EQ(pressed, "PRINT");
+}
+
+TEST_F(ItemViews, arrowKeysWalkEntriesPastHeadingsAndCheckEntries) {
+  QComboBox& sort = dropDown(1);
+  sort.setFocus();
+  QTest::keyClick(&sort, Qt::Key_Down);
+  EXPECT_EQ(value("SORTPICK"), "Task Description A to Z");
+  QTest::keyClick(&sort, Qt::Key_Down);
+  EXPECT_EQ(value("SORTPICK"), "Deadline Later to Now");
+  QTest::keyClick(&sort, Qt::Key_Home);
+  EXPECT_EQ(sort.currentText(), "Possible Points High to Low");
+}
+
+TEST_F(ItemViews, lettersFindAnEntryInTheOpenList) {
+  QComboBox& tasks = dropDown(0);
+  tasks.setFocus();
+  QTest::keyClick(&tasks, 'h');
+  ASSERT_TRUE(tasks.view()->isVisible());
+  QTest::keyClick(tasks.view(), Qt::Key_Return);
+  EXPECT_EQ(value("TASKPICK"), "House & garden");
+  EXPECT_TRUE(shown.form.isLoaded());
+}
+
+TEST_F(ItemViews, checkEntryIsChosenWithoutBecomingTheValue) {
+  SmartItem& sort = shown.form.picker.Items().Item("SORTPICK");
+  const Connection onChange = shown.form.picker.Change.connect([&](SmartItem& item, const std::string&) {
+    if (toText(item.Value()) == "Completed Tasks") item.SubItems().Item("D37").setChecked(true);
+  });
+  QComboBox& combo = dropDown(1);
+  combo.activated(3);
+  shown.settle();
+  EXPECT_EQ(toText(sort.Value()), "Possible Points High to Low");
+  EXPECT_EQ(combo.currentText(), "Possible Points High to Low");
+  EXPECT_EQ(combo.itemData(3, Qt::CheckStateRole).toInt(), Qt::Checked);
+  EXPECT_FALSE(combo.model()->flags(combo.model()->index(2, 0)) & Qt::ItemIsEnabled);
+}
+
+TEST_F(ItemViews, dropDownFollowsItsEntriesAndShowsAValueWithoutEntry) {
+  SmartItem& tasks = shown.form.picker.Items().Item("TASKPICK");
+  for (int i = 0; i < 5000; ++i) {
+    const std::string name = "Project " + std::to_string(i);
+    tasks.SubItems().Add(0, name, name, ItemType::dropDownEntry);
+  }
+  tasks.setValue(std::string("Project 4321"));
+  shown.settle();
+  EXPECT_EQ(dropDown(0).currentText(), "Project 4321");
+  tasks.SubItems().Clear();
+  shown.settle();
+  EXPECT_EQ(dropDown(0).count(), 0);
+  EXPECT_EQ(dropDown(0).placeholderText(), "Project 4321");
+}
+
+TEST_F(ItemViews, optionsShowTheirItemsAndNotesTheirValues) {
+  shown.form.tabs.setCurrent(2);
+  SmartItems& items = shown.form.settings.Items();
+  auto* four = shown.button(shown.form.settings, "[4] Automatically update Outlook with Current Tarnel tasks.");
+  QTest::mouseClick(four, Qt::LeftButton);
+  EXPECT_TRUE(items.Item("TASK4").Checked());
+  EXPECT_FALSE(items.Item("TASK3").Checked());
+  items.Item("TASK3").setChecked(true);
+  EXPECT_FALSE(four->isChecked());
+  items.Item("NOTE").setValue(std::string("Less < more"));
+  bool shownNote = false;
+  for (const auto* label : shown.view(shown.form.settings).findChildren<QLabel*>())
+    shownNote = shownNote || label->text().contains("Less &lt; more");
+  EXPECT_TRUE(shownNote);
+}
+
+TEST_F(ItemViews, itemsMayGoInsideTheirOwnEvents) {
+  shown.form.tabs.setCurrent(2);
+  SmartItems& items = shown.form.settings.Items();
+  const Connection onClick = shown.form.settings.Click.connect([&](SmartItem& item) {
+    if (item.Key() != "TASK4") return;
+    items.Remove("TASK4");
+    items.Remove("PRO1");
+    items.Add(0, "OUT2PROJECT", "Move tasks to:", ItemType::dropDown).SubItems();
+    ShownForm::settle();
+  });
+  const QString caption = "[4] Automatically update Outlook with Current Tarnel tasks.";
+  QTest::mouseClick(shown.button(shown.form.settings, caption), Qt::LeftButton);
+  const auto combos = shown.view(shown.form.settings).findChildren<QComboBox*>();
+  ASSERT_FALSE(combos.empty());
+  EXPECT_EQ(combos.last()->accessibleName(), "Move tasks to:");
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(shown.button(shown.form.settings, caption), nullptr);
+}
+
+}  // namespace
+}  // namespace tarnel::qt

@@ -1,0 +1,181 @@
+#include "QtDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <filesystem>
+#include <sstream>
+
+#include "Failure.h"
+#include "PictureDesktop.h"
+#include "ProgressWindow.h"
+#include "ShownForm.h"
+
+namespace tarnel::qt {
+namespace {
+
+// Does `act` with the widget that is modal once the event loop runs.
+template <class Act>
+void whenShown(Act act) {
+  QTimer::singleShot(0, qApp, [act] { act(QApplication::activeModalWidget()); });
+}
+
+TEST(QtDesktop, messageAnswersByKeyboard) {
+  QtDesktop desktop;
+  const Message question{"Line one\r\n<b>two</b>", "Title", MessageIcon::none, MessageButtons::yesNo};
+  const auto answer = [&](Qt::Key key) {
+    whenShown([key](QWidget* box) {
+      EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).text(), "Line one\n<b>two</b>");
+      EXPECT_EQ(dynamic_cast<QMessageBox&>(*box).textFormat(), Qt::PlainText);
+      QTest::keyClick(box, key);
+    });
+    return desktop.message(question);
+  };
+  EXPECT_EQ(answer(Qt::Key_Return), MessageAnswer::yes);
+  EXPECT_EQ(answer(Qt::Key_Escape), MessageAnswer::no);
+  whenShown([](QWidget* box) { QTest::keyClick(box, Qt::Key_Escape); });
+  EXPECT_EQ(desktop.message({"Done", "Title"}), MessageAnswer::ok);
+}
+
+TEST(QtDesktop, reportCanBeCopiedWithAllItsFacts) {
+  QtDesktop desktop;
+  whenShown([](QWidget* dialog) {
+    for (auto* button : dialog->findChildren<QPushButton*>())
+      if (button->text() == "&Copy") button->click();
+    QTest::keyClick(dialog, Qt::Key_Escape);
+  });
+  desktop.report({"Project1", "Module1", "Procedure1", "It failed", -2147217864, 17, "Profile1"});
+  const QString copied = QApplication::clipboard()->text();
+  for (const char* fact : {"Project1", "Module1", "Procedure1", "It failed", "-2147217864", "17", "Profile1"})
+    EXPECT_TRUE(copied.contains(fact)) << fact;
+}
+
+TEST(QtDesktop, modalFormsStandAboveOneAnotherAndEachReturnsWithItsOwn) {
+  QtDesktop desktop;
+  DemoForm lower;
+  DemoForm upper;
+  lower.load();
+  upper.load();
+  std::string order;
+  const Connection onClick = lower.actions.Click.connect([&](SmartItem&) {
+    whenShown([&](QWidget* window) {
+      EXPECT_EQ(dynamic_cast<FormWindow*>(window)->parentWidget()->windowTitle(), "Demo Wizard");
+      window->close();
+    });
+    upper.showModal(desktop);
+    order += "upper ";
+    lower.unload();
+  });
+  whenShown([&](QWidget*) { lower.actions.press(lower.actions.Items().Item("&Help")); });
+  lower.showModal(desktop);
+  EXPECT_EQ(order + "lower", "upper lower");
+}
+
+TEST(QtDesktop, bothFormsGoWhenTheUpperOnesEventTakesThemDown) {
+  QtDesktop desktop;
+  DemoForm lower;
+  DemoForm upper;
+  lower.load();
+  upper.load();
+  whenShown([&](QWidget*) {
+    whenShown([&](QWidget*) {
+      for (Form* form : openForms()) form->unload();
+    });
+    upper.showModal(desktop);
+  });
+  lower.showModal(desktop);
+  EXPECT_TRUE(openForms().empty());
+}
+
+TEST(QtDesktop, whatAListenerThrowsComesOutOfTheModalRun) {
+  QtDesktop desktop;
+  DemoForm form;
+  form.load();
+  const Connection onClick = form.actions.Click.connect([](SmartItem&) { throw Failure(91, "No object"); });
+  whenShown([&](QWidget* window) {
+    for (auto* button : window->findChildren<QPushButton*>())
+      if (button->text() == "&Help") button->click();
+  });
+  EXPECT_THROW(form.showModal(desktop), Failure);
+  EXPECT_TRUE(form.isLoaded());
+}
+
+TEST(QtDesktop, pointerFollowsAndIsPutBack) {
+  {
+    QtDesktop desktop;
+    desktop.setMousePointer(MousePointer::hourglass);
+    desktop.setMousePointer(MousePointer::hourglass);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  }
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(QtDesktop, shortRunShowsNoProgress) {
+  QtDesktop desktop;
+  for (int i = 1; i <= 10000; ++i) desktop.progress(i, 10000);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST(Progress, longRunShowsItselfAndLetsNoInputInUntilItEnds) {
+  ShownForm shown;
+  Progress progress;
+  int pressed = 0;
+  const Connection onClick = shown.form.actions.Click.connect([&](SmartItem&) { ++pressed; });
+  // Called from the event loop, as a command is.
+  QTimer::singleShot(0, qApp, [&] {
+    while (!progress.window()) progress.step(3, 10, shown.window.get());
+    EXPECT_EQ(progress.window()->shownText(), "3 of 10");
+    EXPECT_EQ(QApplication::activeModalWidget(), progress.window());
+    QTest::mouseClick(shown.window->windowHandle(), Qt::LeftButton, {},
+                      shown.button(shown.form.actions, "&Help")->mapTo(shown.window.get(), QPoint(5, 5)));
+    progress.step(10, 10, shown.window.get());
+    EXPECT_EQ(progress.window(), nullptr);
+  });
+  shown.settle();
+  EXPECT_EQ(pressed, 0);
+}
+
+TEST(Progress, abandonedRunLosesItsBarWithTheNextRoundOfTheLoop) {
+  Progress progress;
+  QEventLoop loop;
+  QTimer::singleShot(0, &loop, [&] {
+    while (!progress.window()) progress.step(3, 10, nullptr);
+    QApplication::processEvents();
+    EXPECT_NE(progress.window(), nullptr);
+    QTimer::singleShot(0, &loop, [&] { loop.quit(); });
+  });
+  loop.exec();
+  EXPECT_EQ(progress.window(), nullptr);
+}
+
+TEST(PictureDesktop, savesOnePictureATabAndClosesTheForm) {
+  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tarnel-pictures-test";
+  std::filesystem::remove_all(folder);
+  std::ostringstream told;
+  PictureDesktop desktop(folder, 2, told);
+  DemoForm form;
+  form.load();
+  form.tabs.setTabEnabled(1, false);
+  form.showModal(desktop);
+  EXPECT_FALSE(form.isLoaded());
+  ASSERT_EQ(desktop.pictures().size(), 2U);
+  const QImage picture(QString::fromStdString(desktop.pictures()[0].string()));
+  EXPECT_EQ(picture.size(), QSize(1106, 738));
+  std::filesystem::remove_all(folder);
+}
+
+TEST(PictureDesktop, folderThatCannotBeMadeIsAFailure) {
+  std::ostringstream told;
+  PictureDesktop desktop("/proc/tarnel-pictures", 1, told);
+  DemoForm form;
+  form.load();
+  EXPECT_ANY_THROW(form.showModal(desktop));
+  EXPECT_EQ(desktop.pictures().size(), 0U);
+}
+
+}  // namespace
+}  // namespace tarnel::qt
