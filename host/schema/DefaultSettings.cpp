@@ -1,5 +1,5 @@
 #include "SqlText.h"
-#include "TaskDatabase.h"
+#include "TaskDatabaseScript.h"
 
 namespace tarnel::host {
 namespace {

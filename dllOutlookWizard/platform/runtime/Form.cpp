@@ -52,11 +52,19 @@ void Form::hide() { setVisible(false); }
 
 void Form::unload() {
   if (state_ != State::loaded) return;
+  const auto leave = [this] {
+    state_ = State::unloaded;
+    std::erase(formList(), this);
+    setVisible(false);
+  };
   state_ = State::unloading;
-  Form_QueryUnload();
-  state_ = State::unloaded;
-  std::erase(formList(), this);
-  setVisible(false);
+  try {
+    Form_QueryUnload();
+  } catch (...) {
+    leave();  // a form that couldn't say goodbye would be waited for without end
+    throw;
+  }
+  leave();
 }
 
 void Form::setVisible(bool visible) {

@@ -1,4 +1,4 @@
-#include "TaskDatabase.h"
+#include "TaskDatabaseScript.h"
 
 namespace tarnel::host {
 namespace {

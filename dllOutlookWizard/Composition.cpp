@@ -1,0 +1,125 @@
+#include "Composition.h"
+
+#include "ClassFactory.h"
+#include "Failure.h"
+#include "FileRegistry.h"
+#include "Folders.h"
+#include "SqliteProvider.h"
+#include "SystemClock.h"
+#include "frmOutWiz.h"
+#ifdef TARNEL_QT
+#include "PictureDesktop.h"
+#include "QtApplication.h"
+#include "QtDesktop.h"
+#endif
+
+namespace tarnel {
+namespace {
+
+// A machine without Outlook.
+class NoOutlook : public outlook::ClassFactory {
+ public:
+  std::shared_ptr<outlook::Application> activeApplication() override { fail(); }
+  std::shared_ptr<outlook::Application> createApplication() override { fail(); }
+  std::unique_ptr<outlook::SafeTaskItem> createSafeTaskItem() override { fail(); }
+  std::unique_ptr<outlook::SafeAppointmentItem> createSafeAppointmentItem() override { fail(); }
+  std::unique_ptr<outlook::MAPITable> createMAPITable() override { fail(); }
+  std::unique_ptr<outlook::MAPIUtils> createMAPIUtils() override { fail(); }
+
+ private:
+  [[noreturn]] static void fail() { throw Failure(failure::noSuchObject, "ActiveX component can't create object"); }
+};
+
+std::vector<float> sizesOf(const Form& form) {
+  const auto* wizard = dynamic_cast<const frmOutWiz*>(&form);
+  if (!wizard) return {};
+  const auto& sizes = wizard->state().meSizes;
+  return {sizes.begin(), sizes.end()};
+}
+
+}  // namespace
+
+struct Composition::Parts {
+  SystemClock clock;
+  FileRegistry registry{folders::config() / "registry"};
+  sqlite::SqliteProvider database;
+  NoOutlook outlook;
+};
+
+Composition::Composition() : parts_(std::make_unique<Parts>()) {}
+
+Composition::~Composition() { removePlatform(); }
+
+const Clock& Composition::clock() const { return parts_->clock; }
+Registry& Composition::registry() { return parts_->registry; }
+ado::Provider& Composition::database() { return parts_->database; }
+
+void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities) {
+  installPlatform({.desktop = desktop,
+                   .clock = parts_->clock,
+                   .locale = Locale::ofSystem(),
+                   .registry = parts_->registry,
+                   .database = parts_->database,
+                   .outlook = parts_->outlook,
+                   .errorReport = errorReport,
+                   .utilities = utilities,
+                   .applicationFolder = programFolder()});
+}
+
+std::unique_ptr<script::ScriptDesktop> Composition::scriptDesktop(std::istream& commands, std::ostream& facts) {
+  auto desktop = std::make_unique<script::ScriptDesktop>(commands, facts);
+  desktop->setSizes(sizesOf);
+  return desktop;
+}
+
+#ifdef TARNEL_QT
+namespace {
+
+// A desktop together with the application that it needs.
+template <class Face>
+struct WindowSystem {
+  template <class... Arguments>
+  explicit WindowSystem(std::unique_ptr<qt::QtApplication> started, Arguments&&... arguments)
+      : application(std::move(started)), desktop(std::forward<Arguments>(arguments)...) {}
+  std::unique_ptr<qt::QtApplication> application;
+  Face desktop;
+};
+
+template <class Face, class... Arguments>
+std::shared_ptr<Desktop> desktopOn(std::unique_ptr<qt::QtApplication> application, Arguments&&... arguments) {
+  const auto whole =
+      std::make_shared<WindowSystem<Face>>(std::move(application), std::forward<Arguments>(arguments)...);
+  return {whole, &whole->desktop};
+}
+
+}  // namespace
+
+std::shared_ptr<Desktop> Composition::windowDesktop(int& argc, char** argv) {
+  return desktopOn<qt::QtDesktop>(std::make_unique<qt::QtApplication>(argc, argv));
+}
+
+std::shared_ptr<Desktop> Composition::pictureDesktop(int& argc, char** argv, const PictureOptions& options,
+                                                     std::ostream& told) {
+  const qt::Colors colors = options.dark ? qt::Colors::dark : qt::Colors::light;
+  return desktopOn<qt::PictureDesktop>(
+      std::make_unique<qt::QtApplication>(qt::QtApplication::WithoutScreen{}, argc, argv, colors), options.folder,
+      options.scale, told);
+}
+#else
+namespace {
+
+[[noreturn]] void failWithoutWindows() {
+  throw Failure(failure::noSuchObject, "This program was built without windows; \"tarnel drive\" runs the same wizard");
+}
+
+}  // namespace
+
+std::shared_ptr<Desktop> Composition::windowDesktop(int&, char**) { failWithoutWindows(); }
+std::shared_ptr<Desktop> Composition::pictureDesktop(int&, char**, const PictureOptions&, std::ostream&) {
+  failWithoutWindows();
+}
+#endif
+
+std::filesystem::path programFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
+
+}  // namespace tarnel

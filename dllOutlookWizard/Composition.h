@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <memory>
+
+#include "Platform.h"
+#include "ScriptDesktop.h"
+
+namespace tarnel {
+
+struct PictureOptions {
+  std::filesystem::path folder;  // made where it is missing
+  double scale = 1;              // pixels to one of a plain screen
+  bool dark = false;
+};
+
+// The one place that names the real parts: clock, registry, database engine, Outlook and the faces towards the user.
+// Lasts longer than everything that works on them.
+class Composition {
+ public:
+  Composition();
+  // Takes the platform away again.
+  ~Composition();
+  Composition(const Composition&) = delete;
+  Composition& operator=(const Composition&) = delete;
+
+  const Clock& clock() const;
+  Registry& registry();
+  ado::Provider& database();
+
+  // Makes the parts and these ones, which the caller owns, this thread's platform.
+  void install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities);
+
+  // A desktop without a screen that knows the wizard's form.
+  static std::unique_ptr<script::ScriptDesktop> scriptDesktop(std::istream& commands, std::ostream& facts);
+  // The screen. `argc` and `argv` are main's and stay as long. Failure 53 when no screen can be reached, 429 when the
+  // program was built without windows; so does the next.
+  static std::shared_ptr<Desktop> windowDesktop(int& argc, char** argv);
+  // Saves a picture of the window for each tab and closes it, on machines without a screen too. `told` takes what
+  // boxes would say.
+  static std::shared_ptr<Desktop> pictureDesktop(int& argc, char** argv, const PictureOptions& options,
+                                                 std::ostream& told);
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+// The folder that the running program lies in.
+std::filesystem::path programFolder();
+
+}  // namespace tarnel

@@ -1,0 +1,170 @@
+#include "CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "Conversions.h"
+#include "NewDatabase.h"
+#include "SystemClock.h"
+#include "WizardRun.h"
+
+namespace tarnel::host {
+namespace {
+
+constexpr int succeeded = 0;
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+
+constexpr const char* about =
+    "The Outlook Wizard of Tarnel: moves tasks and appointments between a task database and Outlook.";
+constexpr const char* examples =
+    "Examples:\n"
+    "  tarnel new my-tasks.db --demo                  a task database with contents to try things on\n"
+    "  tarnel wizard --database my-tasks.db           the wizard in a window\n"
+    "  echo 'list smtTaskList(0)' | tarnel drive --database my-tasks.db\n";
+
+// Up to day 1000 a date counts as none.
+const Date firstDay = Date::of(1902, 9, 27);
+
+std::string checkDate(const std::string& text) {
+  const auto date = text.size() == 10 ? parseIsoDate(text) : std::nullopt;
+  if (!date) return "A date is written YYYY-MM-DD, not " + text;
+  return *date < firstDay ? "The first day is 1902-09-27, not " + text : std::string();
+}
+
+class CommandLine {
+ public:
+  CommandLine(int argc, char** argv) : argc_(argc), argv_(argv) {
+    options_.database = defaultDatabase();
+    app_.footer(examples);
+    app_.require_subcommand(1);
+    addNew();
+    addWizard();
+    addDrive();
+    addPictures();
+  }
+
+  int run() {
+    try {
+      app_.parse(argc_, argv_);
+      return command_() ? succeeded : failed;
+    } catch (const CLI::ParseError& error) {
+      return app_.exit(error) == 0 ? succeeded : wrongUsage;  // --help ends here too
+    } catch (const std::exception& error) {
+      std::cerr << "tarnel: " << error.what() << std::endl;
+      return failed;
+    }
+  }
+
+ private:
+  void addNew() {
+    CLI::App* command = app_.add_subcommand("new", "Make a new task database; an existing file is never touched");
+    command->add_option("FILE", file_, "The database to make")->capture_default_str();
+    command->add_flag("--demo", demo_, "Fill it with projects, tasks and appointments around today");
+    command->callback([this] {
+      command_ = [this] {
+        newDatabase(file_, demo_, SystemClock().now());
+        std::cout << "Made " << file_.string() << std::endl;
+        return true;
+      };
+    });
+  }
+
+  void addWizard() {
+    CLI::App* command = app_.add_subcommand("wizard", "Open the wizard in a window");
+    addWizardOptions(*command);
+    command->callback([this] { command_ = [this] { return openWindow(); }; });
+  }
+
+  void addDrive() {
+    CLI::App* command = app_.add_subcommand(
+        "drive",
+        "Run the wizard without a screen: commands on standard input, one JSON object a line on standard output");
+    addWizardOptions(*command);
+    command->footer(
+        "Commands:\n"
+        "  show | list CONTROL | sked N              state of the form, items of a control, rows of ctDaySked(N)\n"
+        "  tab N | key CODE | closebox               what a user does to the form\n"
+        "  click CONTROL KEY                         press an item\n"
+        "  check CONTROL KEY on|off                  check an item or take its check away\n"
+        "  choose CONTROL KEY CAPTION                pick an entry of a drop-down item\n"
+        "  date YYYY-MM-DD | select N INDEX          the date box; select a row of ctDaySked(N)\n"
+        "  resize WIDTH HEIGHT | split NAME WIDTH    in twips\n"
+        "  answer yes|no                             answer the next question; without one the answer is no\n"
+        "Words with blanks stand in double quotes. The end of the input closes the window.\n");
+    command->callback([this] { command_ = [this] { return drive(); }; });
+  }
+
+  void addPictures() {
+    CLI::App* command =
+        app_.add_subcommand("pictures", "Save a picture of the window for each tab, without needing a screen");
+    command->add_option("FOLDER", pictures_.folder, "Where to save them")->required();
+    command->add_option("--scale", pictures_.scale, "Pixels to one of a plain screen")
+        ->check(CLI::Range(1.0, 4.0))
+        ->capture_default_str();
+    command->add_flag("--dark", pictures_.dark, "In dark colours");
+    addWizardOptions(*command);
+    command->callback([this] { command_ = [this] { return savePictures(); }; });
+  }
+
+  void addWizardOptions(CLI::App& command) {
+    command.add_option("--database", options_.database, "The task database")->capture_default_str();
+    command
+        .add_option_function<std::string>(
+            "--date", [this](const std::string& text) { options_.date = *parseIsoDate(text); },
+            "The day to show, YYYY-MM-DD; today when left out")
+        ->check(checkDate);
+    command.add_flag("--appointments", options_.appointments, "Open on the Appointments tab");
+    command.add_option("--hours", options_.hours, "The hours that the schedules show: all, or the working day")
+        ->check(CLI::IsMember({"all", "day"}))
+        ->capture_default_str();
+    command.add_option("--interval", options_.interval, "Minutes a row of the schedules")
+        ->check(CLI::IsMember({60, 30, 20, 15, 10, 5, 1}))
+        ->capture_default_str();
+    command.add_option("--print-settings", options_.printSettings,
+                       "How help topics are printed: NAME=VALUE entries, each ended by a tab");
+  }
+
+  bool drive() {
+    Composition parts;
+    const auto desktop = Composition::scriptDesktop(std::cin, std::cout);
+    const bool good = runWizard(parts, *desktop, options_, [&](const std::string& name, const EventArguments& values) {
+      desktop->tellEvent(name, values);
+    });
+    desktop->tellReturned(good);
+    return good;
+  }
+
+  bool openWindow() {
+    Composition parts;
+    const auto desktop = Composition::windowDesktop(argc_, argv_);
+    return runWizard(parts, *desktop, options_, sayEvent);
+  }
+
+  bool savePictures() {
+    Composition parts;
+    const auto desktop = Composition::pictureDesktop(argc_, argv_, pictures_, std::cout);
+    return runWizard(parts, *desktop, options_, sayEvent);
+  }
+
+  static void sayEvent(const std::string& name, const EventArguments& values) {
+    std::cout << "event: " << name;
+    for (const auto& [argument, value] : values) std::cout << ", " << argument << " " << textOrEmpty(value);
+    std::cout << std::endl;
+  }
+
+  int argc_;
+  char** argv_;
+  CLI::App app_{about, "tarnel"};
+  std::function<bool()> command_;
+  std::filesystem::path file_ = defaultDatabase();
+  bool demo_ = false;
+  PictureOptions pictures_;
+  WizardOptions options_;
+};
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv) { return CommandLine(argc, argv).run(); }
+
+}  // namespace tarnel::host

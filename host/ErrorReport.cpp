@@ -1,0 +1,37 @@
+#include "ErrorReport.h"
+
+#include <fstream>
+
+namespace tarnel::host {
+namespace {
+
+// One line a fact: line ends inside a text become blanks.
+std::string onOneLine(std::string text) {
+  for (char& c : text)
+    if (c == '\r' || c == '\n') c = ' ';
+  return text;
+}
+
+}  // namespace
+
+void ErrorReport::report(const FailureReport& failure) {
+  if (!first_) first_ = failure;
+  append(failure);
+  desktop_.report(failure);
+}
+
+void ErrorReport::append(const FailureReport& failure) const {
+  std::error_code ignored;
+  std::filesystem::create_directories(file_.parent_path(), ignored);
+  std::ofstream out(file_, std::ios::app);
+  out << isoText(clock_.now()) << '\n'
+      << "  project:   " << failure.project << '\n'
+      << "  module:    " << failure.module << '\n'
+      << "  procedure: " << failure.procedure << '\n'
+      << "  text:      " << onOneLine(failure.text) << '\n'
+      << "  number:    " << failure.number << '\n'
+      << "  line mark: " << failure.lineMark << '\n'
+      << "  profile:   " << onOneLine(failure.profile) << '\n';
+}
+
+}  // namespace tarnel::host

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+
+#include "Platform.h"
+
+namespace tarnel::host {
+
+// Work on the project of the task database that holds the tasks from Outlook: its row in PROJECTS, and its key in the
+// setting OutlookProject. Failures are the database's.
+class OutlookTasksProject : public TarnelUtilities {
+ public:
+  static constexpr const char* name = "Outlook Tasks";
+
+  // `newKey` gives a new GUID text at each call.
+  OutlookTasksProject(ado::Provider& database, std::string connection, std::function<std::string()> newKey)
+      : database_(database), connection_(std::move(connection)), newKey_(std::move(newKey)) {}
+
+  // makeOutlookProject: makes sure that the project stands; the texts say nothing. endOutlookProject: its tasks go to
+  // the project with the key `first` and the name `second`, and it ends; nothing happens when there is none.
+  void run(Code code, const std::string& first, const std::string& second) override;
+
+ private:
+  std::string key(ado::Session& session) const;
+  void setKey(ado::Session& session, const std::string& key) const;
+  void make(ado::Session& session) const;
+  void end(ado::Session& session, const std::string& heirKey, const std::string& heirName) const;
+
+  ado::Provider& database_;
+  std::string connection_;
+  std::function<std::string()> newKey_;
+};
+
+}  // namespace tarnel::host
