@@ -1,0 +1,14 @@
+#include "EntryIdText.h"
+
+#include "EntryId.h"
+#include "Failure.h"
+
+namespace tarnel::mailbox {
+
+std::string EntryIdText::HrArrayToString(const Variant& value) {
+  const auto* bytes = value.get<Bytes>();
+  if (!bytes) failTypeMismatch();
+  return hexText(*bytes);
+}
+
+}  // namespace tarnel::mailbox

@@ -1,0 +1,199 @@
+#include "IcsWriter.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <vector>
+
+#include "Failure.h"
+#include "IcsItem.h"
+#include "IcsLines.h"
+#include "IcsOutput.h"
+#include "Recurrence.h"
+
+namespace tarnel::mailbox {
+namespace {
+
+// How the times of a series are written: the name of its zone, empty for none ("floating").
+struct SeriesZone {
+  std::string tzid;
+  Zone zone;
+};
+
+class Export {
+ public:
+  explicit Export(Mailbox& mailbox) : mailbox_(mailbox), store_(mailbox.store) {}
+
+  std::string run() {
+    IcsOutput calendar;
+    calendar.line("BEGIN:VCALENDAR");
+    calendar.line("VERSION:2.0");
+    calendar.line("PRODID:-//Tarnel//Mailbox//EN");
+    store_.read([&] { writeItems(); });
+    for (const auto& [tzid, definition] : definitions_)
+      for (const IcsLine& line : unfolded(definition)) calendar.line(line.text);
+    return calendar.result() + items_.result() + "END:VCALENDAR\r\n";
+  }
+
+  int count() const { return count_; }
+
+ private:
+  void writeItems() {
+    StoreStatement rows =
+        store_.prepare("SELECT " + std::string(itemColumns) +
+                       " FROM items i WHERE i.folder IN (?, ?) ORDER BY i.folder DESC, ifnull(i.series, i.id), i.id");
+    rows.bind(schema::tasks).bind(schema::calendar);
+    while (rows.step()) {
+      ItemRecord item = readItem(rows);
+      readTexts(store_, item);
+      write(item);
+      ++count_;
+    }
+  }
+
+  void write(const ItemRecord& item) {
+    const bool isTask = item.kind == outlook::ItemType::task;
+    const std::string extras = "\n" + *item.extras;
+    items_.line(isTask ? "BEGIN:VTODO" : "BEGIN:VEVENT");
+    items_.line("UID:" + item.uid);
+    if (extras.find("\nDTSTAMP") == std::string::npos) items_.line("DTSTAMP:" + utc(item.modified));
+    items_.text("SUMMARY", item.subject);
+    items_.text("DESCRIPTION", *item.body);
+    writePriority(item.importance);
+    writeClass(item.sensitivity);
+    if (isTask)
+      writeTask(item);
+    else
+      writeEvent(item);
+    for (const NamedProperty& property : readProperties(store_, item.id)) writeProperty(property);
+    for (const IcsLine& line : unfolded(*item.extras)) items_.line(line.text);
+    items_.line(isTask ? "END:VTODO" : "END:VEVENT");
+  }
+
+  void writePriority(std::int64_t importance) {
+    if (importance == static_cast<std::int64_t>(outlook::Importance::high)) items_.line("PRIORITY:1");
+    if (importance == static_cast<std::int64_t>(outlook::Importance::low)) items_.line("PRIORITY:9");
+  }
+
+  void writeClass(std::int64_t sensitivity) {
+    if (sensitivity != 0) items_.line(sensitivity == 3 ? "CLASS:CONFIDENTIAL" : "CLASS:PRIVATE");
+  }
+
+  void writeProperty(const NamedProperty& property) {
+    // A quotation mark can't stand in a parameter.
+    std::string name = property.name;
+    std::erase(name, '"');
+    items_.line(std::string(ics::userProperty) + ";" + ics::userPropertyName + "=\"" + name +
+                "\":" + escaped(property.value));
+  }
+
+  void writeTask(const ItemRecord& task) {
+    using outlook::TaskStatus;
+    if (task.original) items_.line("RECURRENCE-ID:" + utc(*task.original));
+    items_.line(task.status == TaskStatus::complete     ? "STATUS:COMPLETED"
+                : task.status == TaskStatus::inProgress ? "STATUS:IN-PROCESS"
+                                                        : "STATUS:NEEDS-ACTION");
+    if (task.status == TaskStatus::waiting) items_.line(std::string(ics::status) + ":WAITING");
+    if (task.percentComplete > 0) items_.line("PERCENT-COMPLETE:" + std::to_string(task.percentComplete));
+    if (task.dateCompleted != noDate) items_.line("COMPLETED:" + utc(task.dateCompleted));
+    if (task.dueDate != noDate) items_.line("DUE;VALUE=DATE:" + icalText(task.dueDate, true));
+    if (task.totalWork > 0) items_.line(std::string(ics::totalWork) + ":" + std::to_string(task.totalWork));
+    if (task.actualWork > 0) items_.line(std::string(ics::actualWork) + ":" + std::to_string(task.actualWork));
+  }
+
+  void writeEvent(const ItemRecord& event) {
+    items_.text("LOCATION", event.location);
+    if (!event.recurrence.empty()) return writeSeries(event);
+    if (event.series) writeRecurrenceId(event);
+    if (event.original && !event.series) items_.line("RECURRENCE-ID" + single(*event.original, event.allDay));
+    items_.line("DTSTART" + single(event.start, event.allDay));
+    items_.line("DTEND" + single(event.end, event.allDay));
+  }
+
+  void writeRecurrenceId(const ItemRecord& exception) {
+    const auto series = findItem(store_, *exception.series);
+    if (series) items_.line("RECURRENCE-ID" + inSeries(*series, *exception.original));
+  }
+
+  void writeSeries(const ItemRecord& series) {
+    const WallSeconds length = series.end - series.start;
+    items_.line("DTSTART" + inSeries(series, series.seriesStart));
+    items_.line("DTEND" + inSeries(series, series.seriesStart + length));
+    const SeriesZone zone = zoneOf(series.zone);
+    for (const IcsLine& line : unfolded(series.recurrence)) {
+      constexpr std::size_t prefix = 6;  // of "RRULE:" and "RDATE:"
+      const std::string value = line.text.substr(prefix);
+      if (line.text.starts_with("RRULE:"))
+        items_.line("RRULE:" + ruleWithUntil(value, series.allDay || zone.tzid.empty(), zone.zone));
+      else
+        items_.line("RDATE" + inSeries(series, wallSecondsOfText(value)));
+    }
+    StoreStatement deleted =
+        store_.prepare("SELECT original FROM deletedOccurrences WHERE series = ? ORDER BY original");
+    deleted.bind(series.id);
+    while (deleted.step()) items_.line("EXDATE" + inSeries(series, deleted.number(0)));
+  }
+
+  static std::string utc(WallSeconds wall) { return icalText(Zone::utc().wallOf(machine::unixSecondsOf(wall))) + "Z"; }
+
+  static std::string single(WallSeconds wall, bool allDay) {
+    return allDay ? ";VALUE=DATE:" + icalText(wall, true) : ":" + utc(wall);
+  }
+
+  std::string inSeries(const ItemRecord& series, WallSeconds moment) {
+    if (series.allDay) return ";VALUE=DATE:" + icalText(moment, true);
+    const SeriesZone zone = zoneOf(series.zone);
+    if (zone.tzid.empty()) return ":" + icalText(moment);
+    if (zone.tzid == "UTC") return ":" + icalText(moment) + "Z";
+    return ";TZID=\"" + zone.tzid + "\":" + icalText(moment);
+  }
+
+  // Notes the zone's definition for the head of the file.
+  SeriesZone zoneOf(std::optional<std::int64_t> id) {
+    std::string tzid = machine::zoneName().value_or(""), definition;
+    if (id) {
+      StoreStatement rows = store_.prepare("SELECT tzid, definition FROM zones WHERE id = ?");
+      if (rows.bind(*id).step()) {
+        tzid = rows.text(0);
+        definition = rows.text(1);
+      }
+    }
+    if (!tzid.empty() && tzid != "UTC") {
+      const std::string& known = definitions_.try_emplace(tzid, definition).first->second;
+      if (known.empty()) definitions_[tzid] = zoneDefinition(tzid);
+    }
+    return {tzid, mailbox_.zones.at(id)};
+  }
+
+  Mailbox& mailbox_;
+  Store& store_;
+  IcsOutput items_;
+  std::map<std::string, std::string> definitions_;
+  int count_ = 0;
+};
+
+}  // namespace
+
+std::string exportIcsText(Mailbox& mailbox) { return Export(mailbox).run(); }
+
+int exportIcs(Mailbox& mailbox, const std::filesystem::path& file) {
+  Export all(mailbox);
+  const std::string text = all.run();
+  const std::filesystem::path half = file.string() + ".part";
+  std::ofstream stream(half, std::ios::binary | std::ios::trunc);
+  stream << text;
+  stream.close();
+  if (!stream || rename(half.c_str(), file.c_str()) != 0) {
+    const std::string reason = std::strerror(errno);
+    unlink(half.c_str());
+    throw Failure(failure::automation,
+                  "The calendar file \"" + file.string() + "\" can't be written (" + reason + "). Name another one.",
+                  "Tarnel.Mailbox");
+  }
+  return all.count();
+}
+
+}  // namespace tarnel::mailbox

@@ -1,0 +1,154 @@
+#include "MailboxFile.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <memory>
+#include <system_error>
+
+#include "Failure.h"
+#include "Schema.h"
+
+namespace tarnel::mailbox {
+namespace {
+
+// The head of an SQLite file: offsets of its big-endian numbers.
+constexpr std::size_t headSize = 100;
+constexpr std::size_t pageSizeAt = 16;
+constexpr std::size_t changeCounterAt = 24;
+constexpr std::size_t pageCountAt = 28;
+constexpr std::size_t userVersionAt = 60;
+constexpr std::size_t applicationIdAt = 68;
+constexpr std::size_t versionValidForAt = 92;
+constexpr std::string_view magic{"SQLite format 3\0", 16};
+
+using Head = std::array<unsigned char, headSize>;
+
+std::uint32_t number(const Head& head, std::size_t at, std::size_t bytes = 4) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < bytes; ++i) value = value << 8 | head[at + i];
+  return value;
+}
+
+bool writeProtected(const std::filesystem::path& path) {
+  struct stat found {};
+  // A file without any write bit counts as protected for everyone, also for those who could overrule it.
+  return stat(path.c_str(), &found) == 0 && ((found.st_mode & 0222) == 0 || access(path.c_str(), W_OK) != 0);
+}
+
+std::filesystem::path folderOf(const std::filesystem::path& path) {
+  return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+bool hasLog(const std::filesystem::path& path) {
+  std::error_code none;
+  const auto size = std::filesystem::file_size(path.string() + "-wal", none);
+  return !none && size > 0;
+}
+
+Head readHead(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file)
+    failMailbox(path, std::string("it can't be read (") + std::strerror(errno) + ")",
+                "Give yourself the right to read it, or choose another mailbox.");
+  Head head{};
+  file.read(reinterpret_cast<char*>(head.data()), headSize);
+  if (static_cast<std::size_t>(file.gcount()) < headSize || std::memcmp(head.data(), magic.data(), magic.size()) != 0 ||
+      number(head, applicationIdAt) != schema::applicationId)
+    failMailbox(path, "the file is no mailbox", "Choose a mailbox that Tarnel made, or create a new one.");
+  return head;
+}
+
+void requireWhole(const std::filesystem::path& path, const Head& head) {
+  const std::uint32_t stored = number(head, pageSizeAt, 2);
+  const std::uint64_t pageSize = stored == 1 ? 65536 : stored;
+  const bool countIsValid = number(head, changeCounterAt) == number(head, versionValidForAt);
+  const std::uint64_t expected = countIsValid ? number(head, pageCountAt) * pageSize : pageSize;
+  // With a write-ahead log beside it the file may rightly lack pages that the log still holds.
+  if (std::filesystem::file_size(path) < expected && !hasLog(path))
+    failMailbox(path, "the file is cut short", "Restore it from a copy.");
+}
+
+[[noreturn]] void failCreation(const std::filesystem::path& path, const std::string& reason) {
+  throw Failure(failure::automation, "The mailbox \"" + path.string() + "\" can't be created: " + reason,
+                "Tarnel.Mailbox");
+}
+
+// Removes the half-made file whatever happens.
+struct Leftover {
+  std::filesystem::path path;
+  ~Leftover() {
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) unlink((path.string() + suffix).c_str());
+  }
+};
+
+void layOut(const std::filesystem::path& target, const std::filesystem::path& file) {
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
+  const std::string script = "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; BEGIN;" +
+                             std::string(schema::creation()) +
+                             "PRAGMA application_id = " + std::to_string(schema::applicationId) +
+                             "; PRAGMA user_version = " + std::to_string(schema::version) + "; COMMIT;";
+  if (result != SQLITE_OK || sqlite3_exec(opened, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    failCreation(target, opened ? sqlite3_errmsg(opened) : "out of memory");
+}
+
+}  // namespace
+
+void failMailbox(const std::filesystem::path& path, const std::string& problem, const std::string& advice) {
+  throw Failure(failure::automation, "The mailbox \"" + path.string() + "\" can't be used: " + problem + ". " + advice,
+                "Tarnel.Mailbox");
+}
+
+void failNewerVersion(const std::filesystem::path& path, std::int64_t version) {
+  failMailbox(path,
+              "it has version " + std::to_string(version) + ", and this program knows versions up to " +
+                  std::to_string(schema::version),
+              "Use a newer Tarnel.");
+}
+
+FileIdentity FileIdentity::of(const std::filesystem::path& path) {
+  struct stat found {};
+  if (stat(path.c_str(), &found) != 0) return {};
+  return {found.st_dev, found.st_ino};
+}
+
+void requireWritable(const std::filesystem::path& path) {
+  if (writeProtected(path)) failMailbox(path, "the file is write-protected", "Make it writable.");
+  if (writeProtected(folderOf(path)))
+    failMailbox(path, "its folder is write-protected",
+                "Make the folder writable, or put the mailbox into another one.");
+}
+
+void inspectMailbox(const std::filesystem::path& path) {
+  std::error_code none;
+  if (!std::filesystem::exists(path, none))
+    failMailbox(path, "there is no such file", "Create it first, or name another mailbox.");
+  if (!std::filesystem::is_regular_file(path, none)) failMailbox(path, "it is no file", "Name a mailbox file.");
+  const Head head = readHead(path);
+  if (number(head, userVersionAt) > schema::version) failNewerVersion(path, number(head, userVersionAt));
+  requireWhole(path, head);
+  requireWritable(path);
+}
+
+void createMailbox(const std::filesystem::path& path) {
+  std::string name = (folderOf(path) / ".tarnel-mailbox-XXXXXX").string();
+  const int made = mkstemp(name.data());
+  if (made < 0) failCreation(path, std::string("its folder doesn't take files (") + std::strerror(errno) + ").");
+  close(made);
+  const Leftover leftover{name};
+  layOut(path, name);
+  // A link fails where a rename would overwrite.
+  if (link(name.c_str(), path.c_str()) != 0)
+    failCreation(path, errno == EEXIST ? "a file of that name exists already. Choose another name."
+                                       : std::string(std::strerror(errno)) + ".");
+}
+
+}  // namespace tarnel::mailbox

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+
+namespace tarnel::mailbox {
+
+// Makes an empty mailbox, whole or not at all. Failure when something of that name exists already (it is left as it
+// is), or when the folder is missing or can't be written.
+void createMailbox(const std::filesystem::path& path);
+
+// Looks at the file from outside, without the engine, so that nothing that is no sound mailbox of ours is ever opened
+// for writing. Failure when it is missing, unreadable, write-protected (or its folder is), no mailbox, cut short, or
+// of a newer version; the text names the file and says what to do.
+void inspectMailbox(const std::filesystem::path& path);
+
+// Which file a path led to, to notice when it leads to another one or to none.
+struct FileIdentity {
+  dev_t device = 0;
+  ino_t inode = 0;
+
+  // All zero when there is no file.
+  static FileIdentity of(const std::filesystem::path& path);
+  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+// Failure when the file or its folder no longer takes writes.
+void requireWritable(const std::filesystem::path& path);
+
+// Failure 440 about a mailbox: what went wrong and what to do.
+[[noreturn]] void failMailbox(const std::filesystem::path& path, const std::string& problem, const std::string& advice);
+[[noreturn]] void failNewerVersion(const std::filesystem::path& path, std::int64_t version);
+
+}  // namespace tarnel::mailbox

@@ -1,0 +1,36 @@
+#include "OutlookInstallation.h"
+
+#include "Failure.h"
+
+namespace tarnel::mailbox {
+
+std::filesystem::path OutlookInstallation::pathOf(const std::optional<std::string>& profile) const {
+  const std::string name = profile ? *profile : RunningOutlook::profile(defaultMailbox_).value_or("");
+  if (name.empty()) return defaultMailbox_;
+  if (const auto path = profiles_(name)) return *path;
+  throw Failure(failure::automation,
+                "Outlook can't log on: there is no profile \"" + name + "\". Choose one that exists.",
+                "Outlook.NameSpace");
+}
+
+std::shared_ptr<Mailbox> OutlookInstallation::mailbox(const std::optional<std::string>& profile) {
+  const std::filesystem::path path = std::filesystem::weakly_canonical(pathOf(profile));
+  std::weak_ptr<Mailbox>& known = open_[path];
+  auto mailbox = known.lock();
+  if (!mailbox || !mailbox->store.isInReach()) {
+    mailbox = std::make_shared<Mailbox>(path, locale_, clock_);
+    known = mailbox;
+  }
+  return mailbox;
+}
+
+std::shared_ptr<RunningOutlook> OutlookInstallation::start() {
+  auto running = running_.lock();
+  if (!running) {
+    running = RunningOutlook::start(defaultMailbox_);
+    running_ = running;
+  }
+  return running;
+}
+
+}  // namespace tarnel::mailbox

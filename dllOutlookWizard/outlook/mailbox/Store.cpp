@@ -1,0 +1,137 @@
+#include "Store.h"
+
+#include <sqlite3.h>
+
+#include "Failure.h"
+#include "Schema.h"
+
+namespace tarnel::mailbox {
+namespace {
+
+// How long a write of another program is waited for before the mailbox counts as locked.
+constexpr int busyMilliseconds = 1000;
+
+}  // namespace
+
+Store::Store(const std::filesystem::path& path)
+    : path_(path), identity_(FileIdentity::of(path)), database_(nullptr, sqlite3_close) {
+  inspectMailbox(path_);
+  open();
+  requireSoundness();
+}
+
+void Store::open() {
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  database_.reset(opened);
+  if (result != SQLITE_OK) fail(result);
+  sqlite3_extended_result_codes(opened, 1);
+  sqlite3_busy_timeout(opened, busyMilliseconds);
+}
+
+void Store::requireSoundness() {
+  {
+    // The first statement that touches the file: a lock or damage shows here.
+    StoreStatement version = prepare("PRAGMA user_version");
+    version.step();
+    if (version.number(0) > schema::version) failNewerVersion(path_, version.number(0));
+  }
+  execute(
+      "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; "
+      "PRAGMA temp_store = MEMORY;");
+  {
+    StoreStatement id = prepare("SELECT id, (SELECT count(*) FROM folders) FROM store");
+    if (!id.step() || id.number(1) != 3) fail(SQLITE_CORRUPT);
+    id_ = id.text(0);
+  }
+  refreshGeneration();
+}
+
+void Store::requireReach() const {
+  if (!isInReach())
+    failMailbox(path_, "the file was removed or replaced while it was open", "Put it back and try again.");
+}
+
+StoreStatement Store::prepare(std::string_view sql) {
+  std::string key(sql);
+  if (auto idle = idle_.extract(key)) return {*this, std::move(key), std::move(idle.mapped())};
+  sqlite3_stmt* made = nullptr;
+  const int result = sqlite3_prepare_v3(database_.get(), key.c_str(), static_cast<int>(key.size()) + 1,
+                                        SQLITE_PREPARE_PERSISTENT, &made, nullptr);
+  if (result != SQLITE_OK) fail(result);
+  return {*this, std::move(key), StoreStatement::Handle(made, sqlite3_finalize)};
+}
+
+void Store::takeBack(std::string sql, StoreStatement::Handle handle) {
+  // A reset gives the run's own failure once more; it has been told already.
+  sqlite3_reset(handle.get());
+  sqlite3_clear_bindings(handle.get());
+  idle_.try_emplace(std::move(sql), std::move(handle));
+}
+
+void Store::write(const std::function<void()>& work) {
+  if (inTransaction_) return work();
+  requireReach();
+  requireWritable(path_);
+  inTransaction("BEGIN IMMEDIATE", work);
+  ++generation_;
+}
+
+void Store::read(const std::function<void()>& work) {
+  if (inTransaction_) return work();
+  inTransaction("BEGIN", work);
+}
+
+void Store::inTransaction(const char* begin, const std::function<void()>& work) {
+  execute(begin);
+  inTransaction_ = true;
+  try {
+    work();
+    execute("COMMIT");
+  } catch (...) {
+    inTransaction_ = false;
+    // Some failures have rolled back already, and then there is nothing left to roll back.
+    sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+    throw;
+  }
+  inTransaction_ = false;
+}
+
+std::int64_t Store::lastInsertId() const { return sqlite3_last_insert_rowid(database_.get()); }
+
+std::uint64_t Store::refreshGeneration() {
+  StoreStatement version = prepare("PRAGMA data_version");
+  version.step();
+  if (version.number(0) != seenVersion_) ++generation_;
+  seenVersion_ = version.number(0);
+  return generation_;
+}
+
+void Store::execute(const char* sql) {
+  const int result = sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr);
+  if (result != SQLITE_OK) fail(result);
+}
+
+void Store::fail(int result) const {
+  const std::string reason = sqlite3_errstr(result);
+  const std::string told = database_ ? sqlite3_errmsg(database_.get()) : reason;
+  switch (result & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      failMailbox(path_, "another program has locked it", "Close that program and try again.");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      failMailbox(path_, "the file is damaged (" + reason + ")", "Restore it from a copy.");
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+      failMailbox(path_, "it can't be written (" + told + ")", "Make the file and its folder writable.");
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+      failMailbox(path_, "the disk refuses (" + told + ")", "Make room on the disk, or check it.");
+    default:
+      // A table or a column that the layout promises isn't there.
+      failMailbox(path_, "its contents are not those of a mailbox (" + told + ")", "Restore it from a copy.");
+  }
+}
+
+}  // namespace tarnel::mailbox

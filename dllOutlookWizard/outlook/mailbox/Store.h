@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "MailboxFile.h"
+#include "StoreStatement.h"
+
+struct sqlite3;
+
+namespace tarnel::mailbox {
+
+// The connection to one mailbox file: runs statements, keeps transactions whole, and notices when the file went away.
+// Whoever else has the file open, in this process or another, sees each change when its transaction ends.
+class Store {
+ public:
+  // Failure when the mailbox is out of reach, whatever the reason; the attempt writes nothing.
+  explicit Store(const std::filesystem::path& path);
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  // 16 bytes that no other mailbox has.
+  const std::string& id() const { return id_; }
+
+  // Failure when the file has gone or was replaced since it was opened.
+  void requireReach() const;
+  bool isInReach() const { return FileIdentity::of(path_) == identity_; }
+
+  StoreStatement prepare(std::string_view sql);
+  // Runs `work` as one transaction: all of it is in the file when this returns, or, when it throws, nothing. Inside
+  // another transaction it is part of that one.
+  void write(const std::function<void()>& work);
+  // Runs `work` on one state of the file, whatever others write meanwhile.
+  void read(const std::function<void()>& work);
+  std::int64_t lastInsertId() const;
+
+  // Grows with every change that this connection made; `refreshGeneration` also takes changes of others in.
+  std::uint64_t generation() const { return generation_; }
+  std::uint64_t refreshGeneration();
+
+  // Turns the engine's complaint into a Failure.
+  [[noreturn]] void fail(int result) const;
+
+ private:
+  friend class StoreStatement;
+  void takeBack(std::string sql, StoreStatement::Handle handle);
+  void open();
+  void requireSoundness();
+  void execute(const char* sql);
+  void inTransaction(const char* begin, const std::function<void()>& work);
+
+  std::filesystem::path path_;
+  FileIdentity identity_;
+  std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
+  std::unordered_map<std::string, StoreStatement::Handle> idle_;
+  std::string id_;
+  std::uint64_t generation_ = 1;
+  std::int64_t seenVersion_ = 0;
+  bool inTransaction_ = false;
+};
+
+}  // namespace tarnel::mailbox

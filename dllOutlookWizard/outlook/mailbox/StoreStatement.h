@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace tarnel::mailbox {
+
+class Store;
+
+// What a column of the store holds: a whole number, a text, bytes are kept as text, or nothing.
+using SqlValue = std::variant<std::monostate, std::int64_t, std::string>;
+
+// One run of a prepared statement. It goes back to its store, ready for the next run, when this object goes; it must
+// not outlive the store. Any complaint of the engine becomes a Failure that names the mailbox.
+class StoreStatement {
+ public:
+  using Handle = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
+
+  StoreStatement(Store& store, std::string sql, Handle handle)
+      : store_(&store), sql_(std::move(sql)), handle_(std::move(handle)) {}
+  StoreStatement(StoreStatement&& other) noexcept = default;
+  StoreStatement& operator=(StoreStatement&&) = delete;
+  ~StoreStatement();
+
+  // Binds the next parameter, from the left. Text is copied.
+  StoreStatement& bind(std::int64_t value);
+  StoreStatement& bind(std::string_view value);
+  StoreStatement& bind(const std::string& value) { return bind(std::string_view(value)); }
+  StoreStatement& bind(const SqlValue& value);
+  StoreStatement& bind(const std::vector<SqlValue>& values);
+
+  // To the next row; false behind the last one.
+  bool step();
+  // Runs a statement that gives no rows.
+  void run();
+
+  // Columns of the row, from 0.
+  std::int64_t number(int column) const;
+  bool flag(int column) const { return number(column) != 0; }
+  bool isNull(int column) const;
+  std::string text(int column) const;
+  SqlValue value(int column) const;
+
+ private:
+  void check(int result) const;
+
+  Store* store_;
+  std::string sql_;
+  Handle handle_;
+  int bound_ = 0;
+};
+
+}  // namespace tarnel::mailbox

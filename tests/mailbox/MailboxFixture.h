@@ -1,0 +1,115 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "Application.h"
+#include "Failure.h"
+#include "Mailbox.h"
+#include "MailboxFile.h"
+#include "OutlookFactory.h"
+#include "Redemption.h"
+
+namespace tarnel::mailbox {
+
+struct FixedClock : Clock {
+  Date now() const override { return Date::of(2026, 11, 19, 9, 10); }
+};
+
+// A folder of its own for each test, with one empty mailbox in it, and Outlook logged on to it.
+class MailboxTest : public testing::Test {
+ protected:
+  MailboxTest() {
+    std::string name = (std::filesystem::temp_directory_path() / "mailbox-test-XXXXXX").string();
+    folder_ = mkdtemp(name.data());
+    path_ = folder_ / "mail.tarnelmail";
+    createMailbox(path_);
+  }
+  ~MailboxTest() override { std::filesystem::remove_all(folder_); }
+
+  OutlookFactory factory() {
+    const auto profiles = [this](const std::string& profile) -> std::optional<std::filesystem::path> {
+      if (profile == "Work") return folder_ / "work.tarnelmail";
+      return {};
+    };
+    return {profiles, path_, Locale(), clock_};
+  }
+  std::shared_ptr<outlook::Application> loggedOn() {
+    auto application = factory().createApplication();
+    application->Session()->Logon();
+    return application;
+  }
+  std::shared_ptr<Mailbox> openMailbox() { return std::make_shared<Mailbox>(path_, Locale(), clock_); }
+
+  std::filesystem::path write(const std::string& name, const std::string& contents) {
+    std::ofstream(folder_ / name, std::ios::binary) << contents;
+    return folder_ / name;
+  }
+  static std::string read(const std::filesystem::path& path) {
+    std::ostringstream contents;
+    contents << std::ifstream(path, std::ios::binary).rdbuf();
+    return contents.str();
+  }
+
+  std::filesystem::path folder_;
+  std::filesystem::path path_;
+  FixedClock clock_;
+};
+
+// "number: text" of the failure that `work` ends in; "none" when it ends well.
+inline std::string failureOf(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const Failure& failed) {
+    return std::to_string(failed.number()) + ": " + failed.description();
+  }
+  return "none";
+}
+
+inline testing::AssertionResult contains(const std::string& text, const std::string& part) {
+  if (text.find(part) != std::string::npos) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "\"" << text << "\" has no \"" << part << "\"";
+}
+
+inline std::shared_ptr<outlook::Items> itemsOf(outlook::Application& application, outlook::DefaultFolder folder) {
+  return application.Session()->GetDefaultFolder(folder)->items();
+}
+
+// Subjects of the items of a walk, joined by ", ".
+inline std::string subjects(outlook::Items& items) {
+  std::string text;
+  for (auto item = items.GetFirst(); item; item = items.GetNext()) text += (text.empty() ? "" : ", ") + item->subject();
+  return text;
+}
+
+inline std::shared_ptr<outlook::TaskItem> aTask(outlook::Application& application, const std::string& subject) {
+  auto task = std::dynamic_pointer_cast<outlook::TaskItem>(application.CreateItem(outlook::ItemType::task));
+  task->setSubject(subject);
+  return task;
+}
+
+inline std::shared_ptr<outlook::AppointmentItem> anAppointment(outlook::Application& application,
+                                                               const std::string& subject, Date start,
+                                                               std::int32_t minutes) {
+  auto made =
+      std::dynamic_pointer_cast<outlook::AppointmentItem>(application.CreateItem(outlook::ItemType::appointment));
+  made->setSubject(subject);
+  made->setStart(start);
+  made->setDuration(minutes);
+  made->Save();
+  return made;
+}
+
+inline constexpr auto tasksFolder = outlook::DefaultFolder::tasks;
+inline constexpr auto calendarFolder = outlook::DefaultFolder::calendar;
+inline constexpr auto deletedFolder = outlook::DefaultFolder::deletedItems;
+inline constexpr std::string_view linkName = "BrackwellTarnelGUID";
+
+}  // namespace tarnel::mailbox
