@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@
 
 namespace tarnel {
 
+class frmPopHelp;
+
 // The wizard's window: a heading, three tabs, each a part of its own, and a bar of buttons. The form keeps what they
 // have in common: how it starts, the layout, the buttons and keys, every way to close it.
 class frmOutWiz : public Form {
@@ -30,6 +33,8 @@ class frmOutWiz : public Form {
   // While locked only the settings tab can be used, and left only by "UPDATE" or "CANCEL".
   void lockTabs();
   void UNlockTabs();
+  // Shows the help popup above the wizard and returns when it has gone. False on failure.
+  bool openHelpPop(std::int32_t HelpNum);
 
   // Place, size and splitter shares as they would be stored now.
   const FormState& state() const { return state_; }
@@ -63,6 +68,7 @@ class frmOutWiz : public Form {
 
   void tabWiz_Switching(std::size_t tab);
   void smtActions_Click(const SmartItem& item);
+  void helpPop_closePop();
   void cancel();
   void update();
   void saveAndClose();
@@ -86,6 +92,7 @@ class frmOutWiz : public Form {
   SSResizer settingsResizer_;
   std::int16_t visibleTab_ = 0;
   bool settingsRead_ = false;
+  std::shared_ptr<frmPopHelp> helpPop_;  // while it is open
   std::vector<Connection> connections_;
 };
 
