@@ -40,8 +40,8 @@ class ProviderContract : public testing::TestWithParam<MakeEngine> {
     return query("SELECT tskGUIDID FROM TASKS WHERE " + criterion).rows.size();
   }
   static Change update(const Result& shape, std::size_t row, std::size_t column, const Variant& value) {
-    Change change{Change::Kind::update, {shape.rowIds[row], {}}, {column}, {value}, {shape.rows[row][column]}};
-    for (const std::size_t key : shape.keyColumns) change.identity.keys.push_back(shape.rows[row][key]);
+    Change change{Change::Kind::update, {shape.rowIds[row], {}}, {column}, {value}, {shape.rows.value(row, column)}};
+    for (const std::size_t key : shape.keyColumns) change.identity.keys.push_back(shape.rows.value(row, key));
     return change;
   }
   static std::int32_t failureOf(const std::function<void()>& act) {
@@ -65,7 +65,7 @@ TEST_P(ProviderContract, valuesComeByTheTypesOfTheirColumns) {
       "SELECT tskDesc, tskHasNotes, tskStatus, tskTimeNeeded, tskDeadline, tskNotes, tskDoneDate, tskTimeSpent FROM "
       "TASKS WHERE tskGUIDID = 'A-1'");
   EXPECT_EQ(
-      result.rows,
+      result.rows.unpacked(),
       (std::vector<Row>{{"Pay", true, 1, 3000000000.0, Date::of(2026, 11, 19, 8, 30), Null{}, "some day", "much"}}));
   EXPECT_EQ(result.columns[1].type, Column::Type::boolean);
   EXPECT_EQ(result.columns[4].type, Column::Type::dateTime);
@@ -96,8 +96,8 @@ TEST_P(ProviderContract, textsCompareAndSortWithoutRegardToCase) {
   EXPECT_EQ(countOf("tskDesc BETWEEN 'CA' AND 'CZ'"), 1U);
   EXPECT_EQ(countOf("tskDesc <> 'pay' AND tskDesc >= 'CALL'"), 1U);
   EXPECT_EQ(countOf("tskDesc & 'x' = 'PAYX'"), 1U);
-  EXPECT_EQ(query("SELECT tskDesc FROM TASKS ORDER BY tskDesc").rows, (std::vector<Row>{{"call"}, {"Pay"}}));
-  EXPECT_EQ(query("SELECT tskDesc FROM TASKS ORDER BY tskStatus, tskDesc DESC").rows,
+  EXPECT_EQ(query("SELECT tskDesc FROM TASKS ORDER BY tskDesc").rows.unpacked(), (std::vector<Row>{{"call"}, {"Pay"}}));
+  EXPECT_EQ(query("SELECT tskDesc FROM TASKS ORDER BY tskStatus, tskDesc DESC").rows.unpacked(),
             (std::vector<Row>{{"Pay"}, {"call"}}));
 }
 
@@ -107,7 +107,7 @@ TEST_P(ProviderContract, datesAndTruthValuesAreComparedAsTheyAreHeld) {
   session->execute("INSERT INTO TASKAPPTS (taGUIDID, taStartTime) VALUES ('Z', #11/21/2026#)");
   EXPECT_EQ(query("SELECT taGUIDID from TaskAPPTS WHERE taStartTime >= #11/19/2026 00:00:00# AND taStartTime <= "
                   "#11/20/2026 00:00:00#ORDER BY taStartTime")
-                .rows,
+                .rows.unpacked(),
             (std::vector<Row>{{"X"}, {"Y"}}));
   EXPECT_EQ(countOf("tskCurrent = TRUE"), 2U);
   EXPECT_EQ(countOf("Tasks.tskHasSchedule = FALSE AND tskDeadline IS NULL"), 2U);

@@ -22,7 +22,7 @@ TEST_F(CreateDatabaseTest, makesOneFileThatOpens) {
   createDatabase(path, "CREATE TABLE a (x TEXT); INSERT INTO a VALUES ('it''s; here');");
   EXPECT_EQ(fileCount(), 1U);
   const auto session = SqliteProvider().open("Data Source=" + path.string());
-  EXPECT_EQ(session->query("SELECT x FROM a").rows, (std::vector<ado::Row>{{"it's; here"}}));
+  EXPECT_EQ(session->query("SELECT x FROM a").rows.unpacked(), (std::vector<ado::Row>{{"it's; here"}}));
 }
 
 TEST_F(CreateDatabaseTest, leavesWhatStandsThereAlone) {

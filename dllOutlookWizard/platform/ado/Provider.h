@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "PackedRows.h"
 #include "Variant.h"
 
 namespace tarnel::ado {
@@ -29,8 +30,6 @@ struct Column {
 // The engine's own identity of a row of a table, stable while the row lives.
 using RowId = std::int64_t;
 
-using Row = std::vector<Variant>;
-
 // What a SELECT gave: texts as std::string, integers as std::int32_t (double beyond 32 bits), BOOLEAN as bool, DATETIME
 // as Date, absent values as Null.
 struct Result {
@@ -40,7 +39,7 @@ struct Result {
   std::string table;
   std::vector<std::size_t> keyColumns;  // those of `columns` that are part of the table's primary key
   std::vector<RowId> rowIds;            // one a row where there is such a table
-  std::vector<Row> rows;
+  PackedRows rows;
 };
 
 // Where a row lies. An engine may give the id of a removed row to a new one; the values of the key columns, as they

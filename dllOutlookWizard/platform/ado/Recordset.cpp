@@ -82,7 +82,7 @@ const std::string& Field::Name() const { return owner_->impl_->rows.column(colum
 
 const Variant& Field::Value() const {
   const Recordset::Impl& impl = *owner_->impl_;
-  return impl.rows.value(impl.currentRow(), column_);
+  return impl.rows.shownValue(impl.currentRow(), column_);
 }
 
 void Field::setValue(const Variant& value) {

@@ -16,7 +16,7 @@ class Recordset;
 class Field {
  public:
   const std::string& Name() const;
-  // Failure 3021 when there is no current row.
+  // Valid until the cursor moves or the row changes. Failure 3021 when there is no current row.
   const Variant& Value() const;
   // Sets the value in the row's copy; the database has it behind Update (optimistic or pessimistic) or UpdateBatch.
   // The value is kept as its column holds it, by the rules of Conversions.h, and other columns of the same origin

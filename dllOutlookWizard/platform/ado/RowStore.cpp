@@ -43,6 +43,23 @@ std::size_t RowStore::columnNamed(std::string_view name) const {
   return found->second;
 }
 
+const Variant& RowStore::shownValue(std::size_t row, std::size_t column) const {
+  if (!changed_.empty())
+    if (const auto changed = changed_.find(row); changed != changed_.end()) return changed->second[column];
+  if (shown_.row != row) {
+    shown_.row = row;
+    shown_.values.assign(columnCount(), Variant());
+  }
+  Variant& shown = shown_.values[column];
+  if (shown.isEmpty()) shown = result_.rows.value(row, column);
+  return shown;
+}
+
+Variant RowStore::value(std::size_t row, std::size_t column) const {
+  const auto changed = changed_.find(row);
+  return changed == changed_.end() ? result_.rows.value(row, column) : changed->second[column];
+}
+
 void RowStore::set(std::size_t row, std::size_t column, const Variant& value) {
   const Variant kept = fitted(value, this->column(column));
   pending_[row].originals.try_emplace(sameOrigin_[column].front(), this->value(row, column));
@@ -51,7 +68,8 @@ void RowStore::set(std::size_t row, std::size_t column, const Variant& value) {
 
 std::size_t RowStore::append() {
   const std::size_t row = rowCount();
-  result_.rows.emplace_back(columnCount(), Variant(Null{}));
+  changed_.emplace(row, Row(columnCount(), Variant(Null{})));
+  ++appended_;
   result_.rowIds.push_back(0);
   pending_[row].kind = Change::Kind::insert;
   return row;
@@ -137,12 +155,17 @@ void RowStore::assignAll(std::size_t row, std::size_t column, const Variant& val
 }
 
 void RowStore::assign(std::size_t row, std::size_t column, const Variant& value) {
-  Variant& held = result_.rows[row][column];
+  Variant& held = changeable(row)[column];
   if (const auto index = indexes_.find(column); index != indexes_.end()) {
     index->second.remove(held, row);
     index->second.add(value, row);
   }
   held = value;
+}
+
+Row& RowStore::changeable(std::size_t row) {
+  const auto changed = changed_.find(row);
+  return changed != changed_.end() ? changed->second : changed_.emplace(row, result_.rows[row]).first->second;
 }
 
 Identity RowStore::identityOf(std::size_t row) const {

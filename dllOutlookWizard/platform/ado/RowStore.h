@@ -24,8 +24,10 @@ class RowStore {
   std::size_t columnCount() const { return result_.columns.size(); }
   // The first column of that name, case ignored. Failure 3265 when there is none.
   std::size_t columnNamed(std::string_view name) const;
-  std::size_t rowCount() const { return result_.rows.size(); }
-  const Variant& value(std::size_t row, std::size_t column) const { return result_.rows[row][column]; }
+  std::size_t rowCount() const { return result_.rows.size() + appended_; }
+  // Valid until the value of another row is asked for.
+  const Variant& shownValue(std::size_t row, std::size_t column) const;
+  Variant value(std::size_t row, std::size_t column) const;
 
   // Sets a value as its column holds it and makes the row pending. Columns of one origin change together.
   void set(std::size_t row, std::size_t column, const Variant& value);
@@ -62,11 +64,20 @@ class RowStore {
     std::map<std::size_t, Variant> originals;  // by column; of several columns of one origin by the first
   };
 
+  // The row's own copy of its values, where it may be changed.
+  Row& changeable(std::size_t row);
   void assign(std::size_t row, std::size_t column, const Variant& value);
   void assignAll(std::size_t row, std::size_t column, const Variant& value);
   Identity identityOf(std::size_t row) const;
 
-  Result result_;
+  Result result_;  // as it was read
+  std::size_t appended_ = 0;
+  std::unordered_map<std::size_t, Row> changed_;  // rows that may differ from what was read, and all appended ones
+  struct Shown {
+    std::size_t row = static_cast<std::size_t>(-1);
+    Row values;  // empty ones are still to be unpacked
+  };
+  mutable Shown shown_;
   std::unordered_map<std::string, std::size_t, NameHash, NameEqual> names_;
   std::vector<std::vector<std::size_t>> sameOrigin_;  // a column's group, itself included, ascending
   std::map<std::size_t, Pending> pending_;

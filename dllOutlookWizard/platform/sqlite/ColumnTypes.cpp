@@ -23,6 +23,11 @@ Variant readInteger(std::int64_t value, Type type) {
   return static_cast<std::int32_t>(value);
 }
 
+std::string_view textAt(sqlite3_stmt* row, int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
+}
+
 Variant readText(std::string_view text, Type type) {
   if (type == Type::dateTime)
     if (const auto date = parseIsoDate(text)) return *date;
@@ -65,10 +70,8 @@ Variant readValue(sqlite3_stmt* row, int column, Type type) {
       const double number = sqlite3_column_double(row, column);
       return type == Type::dateTime ? Variant(Date{number}) : Variant(number);
     }
-    case SQLITE_TEXT: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-      return readText({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}, type);
-    }
+    case SQLITE_TEXT:
+      return readText(textAt(row, column), type);
     case SQLITE_BLOB: {
       const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(row, column));
       return Bytes(bytes, bytes + sqlite3_column_bytes(row, column));
@@ -76,6 +79,14 @@ Variant readValue(sqlite3_stmt* row, int column, Type type) {
     default:
       return Null{};
   }
+}
+
+void appendValue(ado::PackedRows& rows, sqlite3_stmt* row, int column, Type type) {
+  // Most values are texts, and these need no Variant on their way.
+  if (type != Type::dateTime && sqlite3_column_type(row, column) == SQLITE_TEXT)
+    rows.addText(textAt(row, column));
+  else
+    rows.add(readValue(row, column, type));
 }
 
 }  // namespace tarnel::sqlite

@@ -58,7 +58,7 @@ Database::Database(const std::filesystem::path& path, Opening opening) {
   sqlite3_busy_timeout(opened, busyMilliseconds);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   // Room enough, in KiB, that a list of ten thousand tasks is sorted without a temporary file.
-  run("PRAGMA synchronous = FULL; PRAGMA cache_size = -32768; PRAGMA temp_store = MEMORY");
+  run("PRAGMA synchronous = FULL; PRAGMA cache_size = -32768");
 }
 
 void Database::run(const std::string& script) {

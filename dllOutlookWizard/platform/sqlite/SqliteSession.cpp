@@ -52,11 +52,10 @@ ado::Result describeResult(sqlite3* database, const Statement& statement, int co
 
 void readRows(Statement& statement, ado::Result& result, bool withRowId) {
   const std::size_t width = result.columns.size();
+  result.rows = ado::PackedRows(width);
   while (statement.step()) {
-    ado::Row& row = result.rows.emplace_back();
-    row.reserve(width);
     for (std::size_t i = 0; i < width; ++i)
-      row.push_back(readValue(statement.handle(), static_cast<int>(i), result.columns[i].type));
+      appendValue(result.rows, statement.handle(), static_cast<int>(i), result.columns[i].type);
     if (withRowId) result.rowIds.push_back(sqlite3_column_int64(statement.handle(), static_cast<int>(width)));
   }
 }
