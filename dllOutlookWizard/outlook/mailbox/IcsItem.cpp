@@ -73,7 +73,8 @@ class ItemReader {
     else if (property.name == ics::userProperty)
       takeUserProperty(property);
     else
-      return false;
+      // When a file was made says nothing of the item.
+      return property.name == "DTSTAMP";
     return true;
   }
 

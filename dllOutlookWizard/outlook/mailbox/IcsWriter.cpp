@@ -56,10 +56,9 @@ class Export {
 
   void write(const ItemRecord& item) {
     const bool isTask = item.kind == outlook::ItemType::task;
-    const std::string extras = "\n" + *item.extras;
     items_.line(isTask ? "BEGIN:VTODO" : "BEGIN:VEVENT");
     items_.line("UID:" + item.uid);
-    if (extras.find("\nDTSTAMP") == std::string::npos) items_.line("DTSTAMP:" + utc(item.modified));
+    items_.line("DTSTAMP:" + utc(item.modified));
     items_.text("SUMMARY", item.subject);
     items_.text("DESCRIPTION", *item.body);
     writePriority(item.importance);

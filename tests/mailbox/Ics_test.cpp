@@ -1,0 +1,177 @@
+#include <algorithm>
+
+#include "CalendarFixture.h"
+#include "IcsLines.h"
+
+namespace tarnel::mailbox {
+namespace {
+
+class IcsTest : public CalendarTest {
+ protected:
+  // All that `list` shows but the ids, one item a line.
+  static std::string described(Mailbox& mailbox) {
+    std::string text;
+    for (const ListedItem& item : listItems(mailbox)) {
+      text +=
+          item.folder + "|" + item.subject + "|" + item.body + "|" + std::to_string(static_cast<int>(item.importance));
+      if (item.status) text += "|status " + std::to_string(static_cast<int>(*item.status));
+      if (item.dueDate) text += "|due " + isoText(*item.dueDate);
+      if (item.totalWork) text += "|" + std::to_string(*item.totalWork) + "/" + std::to_string(*item.actualWork);
+      if (item.start) text += "|" + isoText(*item.start) + " to " + isoText(*item.end) + "|" + *item.location;
+      if (item.allDay.value_or(false)) text += "|all day";
+      if (item.recurring.value_or(false)) text += "|recurring";
+      for (const auto& [name, value] : item.userProperties) text += "|" + name + "=" + value;
+      text += "\n";
+    }
+    return text;
+  }
+
+  static std::vector<std::string> sortedLines(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    std::sort(lines.begin(), lines.end());
+    return lines;
+  }
+
+  const std::string everything_ =
+      "BEGIN:VTODO\r\nUID:rent\r\nDTSTAMP:20260101T000000Z\r\nSUMMARY:Pay rent\\, gas\\; all\r\nDESCRIPTION:Line one\\n"
+      "Line\r\n  two\r\nPRIORITY:3\r\nSTATUS:NEEDS-ACTION\r\nX-TARNEL-STATUS:WAITING\r\nDUE:20261201T220000Z\r\n"
+      "CATEGORIES:Home,Money\r\nX-TARNEL-TOTAL-WORK:90\r\nX-TARNEL-ACTUAL-WORK:30\r\n"
+      "X-TARNEL-USER-PROPERTY;X-NAME=BrackwellTarnelGUID:G-1\r\nX-OTHER;X-P=\"a;b:c\":kept as it is\r\n"
+      "BEGIN:VALARM\r\nACTION:DISPLAY\r\nTRIGGER:-PT5M\r\nDESCRIPTION:x\r\nEND:VALARM\r\nEND:VTODO\r\n"
+      "BEGIN:VTODO\r\nUID:done\r\nSUMMARY:Done\r\nCOMPLETED:20261105T120000Z\r\nEND:VTODO\r\n"
+      "BEGIN:VEVENT\r\nUID:utc\r\nDTSTART:20261119T080000Z\r\nDTEND:20261119T083000Z\r\nSUMMARY:Dentist\r\n"
+      "LOCATION:\r\nCLASS:PRIVATE\r\nGEO:37.4;-122.1\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:day\r\nDTSTART;VALUE=DATE:20261119\r\nSUMMARY:Holiday\r\nLOCATION:Rome\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:series\r\nRECURRENCE-ID:20261126T080000Z\r\nDTSTART:20261126T100000Z\r\n"
+      "DTEND:20261126T110000Z\r\nSUMMARY:Moved\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:series\r\nDTSTART:20261112T080000Z\r\nDURATION:PT1H\r\nRRULE:FREQ=WEEKLY;COUNT=5\r\n"
+      "EXDATE:20261119T080000Z\r\nRDATE:20261214T080000Z\r\nSUMMARY:Class\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:series\r\nRECURRENCE-ID:20261203T080000Z\r\nDTSTART:20261203T080000Z\r\n"
+      "STATUS:CANCELLED\r\nSUMMARY:Off\r\nEND:VEVENT\r\n";
+};
+
+TEST_F(IcsTest, componentsBecomeItemsInLocalWallTime) {
+  const ImportReport report = import(everything_);
+  EXPECT_EQ(report.added, 6);
+  EXPECT_TRUE(report.skipped.empty()) << report.skipped.front();
+  EXPECT_EQ(described(*openMailbox()),
+            "Tasks|Pay rent, gas; all|Line one\r\nLine two|2|status 3|due 2026-12-01 00:00:00|90/30|"
+            "BrackwellTarnelGUID=G-1\n"
+            "Tasks|Done||1|status 2|0/0\n"
+            "Calendar|Dentist||1|2026-11-19 09:00:00 to 2026-11-19 09:30:00|\n"
+            "Calendar|Holiday||1|2026-11-19 00:00:00 to 2026-11-20 00:00:00|Rome|all day\n"
+            "Calendar|Class||1|2026-11-12 09:00:00 to 2026-11-12 10:00:00||recurring\n"
+            "Calendar|Moved||1|2026-11-26 11:00:00 to 2026-11-26 12:00:00||recurring\n");
+  EXPECT_EQ(day(Date::of(2026, 11, 26)), "11:00-12:00 Moved");
+  EXPECT_EQ(day(Date::of(2026, 12, 3)), "");
+  EXPECT_EQ(day(Date::of(2026, 12, 10)), "09:00-10:00 Class");
+  EXPECT_EQ(day(Date::of(2026, 12, 14)), "09:00-10:00 Class");
+  EXPECT_EQ(day(Date::of(2026, 12, 17)), "");
+}
+
+TEST_F(IcsTest, importingAgainChangesNothingAndANewerFileUpdates) {
+  import(everything_);
+  deleteItem(*openMailbox(), occurrenceOn(Date::of(2026, 12, 10))->EntryID());
+  const std::string before = exportIcsText(*openMailbox());
+  const ImportReport again = import(everything_);
+  EXPECT_EQ(again.added, 0);
+  EXPECT_EQ(again.updated, 0);
+  EXPECT_EQ(again.unchanged, 7);
+  EXPECT_EQ(exportIcsText(*openMailbox()), before);
+  EXPECT_EQ(day(Date::of(2026, 12, 10)), "");
+
+  const ImportReport newer =
+      import("BEGIN:VTODO\r\nUID:done\r\nSUMMARY:Open again\r\nSTATUS:NEEDS-ACTION\r\nEND:VTODO\r\n");
+  EXPECT_EQ(newer.updated, 1);
+  EXPECT_TRUE(contains(described(*openMailbox()), "Tasks|Open again||1|status 0|0/0\n"));
+}
+
+TEST_F(IcsTest, anExportCarriesEverythingToAnotherMailbox) {
+  import(everything_);
+  anAppointment(*outlook_, "Own, with \xC3\xA4 umlauts " + std::string(90, 'x') + " \xE2\x82\xAC",
+                Date::of(2026, 11, 20, 8), 45);
+  auto mine = openMailbox();
+  const auto file = folder_ / "all.ics";
+  EXPECT_EQ(exportIcs(*mine, file), 7);
+  const std::string text = read(file);
+  createMailbox(folder_ / "other");
+  Mailbox other(folder_ / "other", Locale(), clock_);
+  const ImportReport report = importIcs(other, file);
+  EXPECT_EQ(report.added, 7);
+  EXPECT_TRUE(report.skipped.empty()) << report.skipped.front();
+  EXPECT_EQ(sortedLines(described(other)), sortedLines(described(*mine)));
+  EXPECT_EQ(exportIcsText(other), text);
+  EXPECT_EQ(importIcs(*mine, file).unchanged, 7);
+
+  for (const char* kept :
+       {"CATEGORIES:Home,Money\r\n", "X-OTHER;X-P=\"a;b:c\":kept as it is\r\n", "GEO:37.4;-122.1\r\n",
+        "BEGIN:VALARM\r\nACTION:DISPLAY\r\n", "EXDATE:20261203T080000Z\r\n", "RECURRENCE-ID:20261126T080000Z\r\n"})
+    EXPECT_TRUE(contains(text, kept));
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = text.find("\r\n", at);
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_LE(end - at, 75u);
+    EXPECT_TRUE(isUtf8(text.substr(at, end - at)));
+    at = end + 2;
+  }
+}
+
+TEST_F(IcsTest, aBadComponentIsToldByLineAndTheRestIsTaken) {
+  const ImportReport report = import(
+      "BEGIN:VEVENT\r\nUID:1\r\nDTSTART:20260230T080000\r\nEND:VEVENT\r\n"                           // 4: DTSTART on 6
+      "BEGIN:VEVENT\r\nUID:2\r\nSUMMARY:no start\r\nEND:VEVENT\r\n"                                  // 8
+      "BEGIN:VEVENT\r\nUID:3\r\nDTSTART:20260101T080000\r\nRRULE:FREQ=NEVER\r\nEND:VEVENT\r\n"       // 12: 15
+      "BEGIN:VTODO\r\nSUMMARY:no uid\r\nEND:VTODO\r\n"                                               // 17
+      "BEGIN:VEVENT\r\nUID:4\r\nDTSTART;TZID=Nowhere:20260101T080000\r\nEND:VEVENT\r\n"              // 20: 22
+      "BEGIN:VEVENT\r\nUID:5\r\nDTSTART:20260102T080000\r\nDTEND:20260101T080000\r\nEND:VEVENT\r\n"  // 24
+      "BEGIN:VTODO\r\nUID:6\r\nnonsense without a colon\r\nEND:VTODO\r\n"                            // 29: 31
+      "BEGIN:VJOURNAL\r\nUID:7\r\nEND:VJOURNAL\r\n"                                                  // 33
+      "BEGIN:VTODO\r\nUID:8\r\nSUMMARY:caf\xE9\r\nEND:VTODO\r\n"                                     // 36: 38
+      "BEGIN:VTODO\r\nUID:good\r\nSUMMARY:good\r\nEND:VTODO\r\n"
+      "BEGIN:VTODO\r\nUID:9\r\n");  // 44
+  EXPECT_EQ(report.added, 1);
+  EXPECT_EQ(described(*openMailbox()), "Tasks|good||1|status 0|0/0\n");
+  const std::vector<std::string> expected = {
+      "test.ics:6: DTSTART \"20260230T080000\" is no date or time",
+      "test.ics:8: the VEVENT has no DTSTART",
+      "test.ics:15: RRULE \"FREQ=NEVER\" is no rule that can be taken",
+      "test.ics:17: the VTODO has no UID",
+      "test.ics:22: DTSTART \"20260101T080000\" is in the unknown time zone \"Nowhere\"",
+      "test.ics:24: the VEVENT ends before it starts",
+      "test.ics:31: the line is no property",
+      "test.ics:33: a VJOURNAL is neither an event nor a to-do",
+      "test.ics:38: SUMMARY isn't UTF-8 text",
+      "test.ics:44: the VTODO isn't ended"};
+  EXPECT_EQ(report.skipped, expected);
+}
+
+TEST_F(IcsTest, whatIsNoCalendarFailsAndChangesNothing) {
+  auto mailbox = openMailbox();
+  EXPECT_TRUE(contains(failureOf([&] { importIcs(*mailbox, write("notes.txt", "Dear diary")); }),
+                       "notes.txt\" can't be imported: it has no calendar in it"));
+  EXPECT_TRUE(contains(failureOf([&] { importIcs(*mailbox, folder_ / "missing.ics"); }), "No such file"));
+  EXPECT_TRUE(contains(failureOf([&] { exportIcs(*mailbox, folder_ / "no" / "where.ics"); }), "can't be written"));
+  EXPECT_EQ(described(*mailbox), "");
+}
+
+TEST_F(IcsTest, itemsMoveOnlyWhereTheyBelong) {
+  import(everything_);
+  auto mailbox = openMailbox();
+  const std::string task = listItems(*mailbox)[0].entryId;
+  moveItem(*mailbox, task, "deleted items");
+  EXPECT_EQ(listItems(*mailbox)[0].folder, "Deleted Items");
+  moveItem(*mailbox, task, "Tasks");
+  EXPECT_EQ(listItems(*mailbox)[0].folder, "Tasks");
+  EXPECT_TRUE(contains(failureOf([&] { moveItem(*mailbox, task, "Calendar"); }), "another kind"));
+  EXPECT_TRUE(contains(failureOf([&] { moveItem(*mailbox, task, "Attic"); }), "no folder \"Attic\""));
+  EXPECT_TRUE(contains(failureOf([&] { moveItem(*mailbox, listItems(*mailbox)[5].entryId, "Deleted Items"); }),
+                       "one occurrence of a series"));
+  deleteItem(*mailbox, task);
+  deleteItem(*mailbox, task);
+  EXPECT_EQ(listItems(*mailbox).size(), 5u);
+}
+
+}  // namespace
+}  // namespace tarnel::mailbox

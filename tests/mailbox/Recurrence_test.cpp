@@ -1,0 +1,190 @@
+#include "Recurrence.h"
+
+#include <libical/ical.h>
+
+#include <random>
+
+#include "CalendarFixture.h"
+#include "IcalTime.h"
+
+namespace tarnel::mailbox {
+namespace {
+
+const WallSeconds start = wallSecondsOf(Date::of(2016, 11, 15, 9, 30));  // a Tuesday
+
+// libical's own walk from the first occurrence on, with no skipping.
+std::vector<WallSeconds> walked(const std::string& rule, WallSeconds from, WallSeconds to) {
+  std::vector<WallSeconds> starts;
+  icalrecur_iterator* walk = icalrecur_iterator_new(icalrecurrencetype_from_string(rule.c_str()), icalTimeOf(start));
+  for (auto time = icalrecur_iterator_next(walk); !icaltime_is_null_time(time); time = icalrecur_iterator_next(walk)) {
+    if (wallSecondsOf(time) > to) break;
+    if (wallSecondsOf(time) >= from) starts.push_back(wallSecondsOf(time));
+  }
+  icalrecur_iterator_free(walk);
+  return starts;
+}
+
+void expectSameStarts(const std::string& rule, WallSeconds from, WallSeconds to) {
+  const std::string lines = "RRULE:" + rule + "\n";
+  const Recurrence recurrence(lines, start, false);
+  const auto starts = recurrence.starts(from, to);
+  EXPECT_EQ(starts, walked(rule, from, to)) << rule << " from " << isoText(dateOf(from));
+  for (const WallSeconds at : starts) {
+    EXPECT_TRUE(recurrence.weekdays() >> ((at / secondsPerDay + 6) % 7) & 1) << rule;
+    EXPECT_TRUE(recurrence.monthDays() >> dateOf(at).civil().day & 1) << rule;
+  }
+}
+
+TEST(RecurrenceTest, startsAreThoseOfAWalkFromTheBeginningWhereverTheSpanLies) {
+  const std::vector<std::string> rules = {"FREQ=DAILY",
+                                          "FREQ=DAILY;INTERVAL=3",
+                                          "FREQ=DAILY;INTERVAL=14;UNTIL=20270101T000000",
+                                          "FREQ=DAILY;BYDAY=MO,WE,SU",
+                                          "FREQ=WEEKLY",
+                                          "FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=SU",
+                                          "FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=MO",
+                                          "FREQ=WEEKLY;INTERVAL=5;BYDAY=SA,MO,FR",
+                                          "FREQ=WEEKLY;BYDAY=TU;UNTIL=20261117T093000",
+                                          "FREQ=MONTHLY",
+                                          "FREQ=MONTHLY;INTERVAL=5",
+                                          "FREQ=MONTHLY;BYDAY=2TU",
+                                          "FREQ=MONTHLY;BYDAY=-1FR",
+                                          "FREQ=MONTHLY;BYMONTHDAY=-1",
+                                          "FREQ=MONTHLY;BYMONTHDAY=31,15",
+                                          "FREQ=MONTHLY;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1",
+                                          "FREQ=YEARLY",
+                                          "FREQ=YEARLY;INTERVAL=3",
+                                          "FREQ=YEARLY;BYMONTH=2,11;BYDAY=1TH",
+                                          "FREQ=YEARLY;BYYEARDAY=100,-1",
+                                          "FREQ=HOURLY;INTERVAL=7",
+                                          "FREQ=HOURLY;INTERVAL=5;BYHOUR=9,10,15",
+                                          "FREQ=DAILY;INTERVAL=3;BYMONTH=2,11",
+                                          "FREQ=WEEKLY;INTERVAL=3;BYMONTH=11,12",
+                                          "FREQ=MONTHLY;INTERVAL=5;BYDAY=2TU",
+                                          "FREQ=YEARLY;INTERVAL=3;BYMONTH=2",
+                                          "FREQ=YEARLY;BYWEEKNO=20;BYDAY=MO"};
+  std::mt19937 random(7);
+  for (const std::string& rule : rules)
+    for (int round = 0; round < 6; ++round) {
+      const WallSeconds from =
+          start - secondsPerDay + std::uniform_int_distribution<WallSeconds>(0, 4100 * secondsPerDay)(random);
+      expectSameStarts(rule, from, from + std::uniform_int_distribution<WallSeconds>(0, 60 * secondsPerDay)(random));
+    }
+}
+
+TEST(RecurrenceTest, aRuleIsKeptWithTheEndThatItsCountLeadsTo) {
+  EXPECT_EQ(normalizedRule("FREQ=WEEKLY;COUNT=3", start, false, Zone()), "FREQ=WEEKLY;UNTIL=20161129T093000");
+  EXPECT_EQ(normalizedRule("FREQ=DAILY;UNTIL=20161118T083000Z", start, false, Zone::utc()),
+            "FREQ=DAILY;UNTIL=20161118T083000");
+  EXPECT_EQ(normalizedRule("FREQ=DAILY;UNTIL=20161118", start, false, Zone()), "FREQ=DAILY;UNTIL=20161118T235959");
+  for (const char* bad : {"", "FREQ=SOMETIMES", "INTERVAL=2", "FREQ=SECONDLY", "FREQ=DAILY;UNTIL=20100101T000000",
+                          "FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30"})
+    EXPECT_FALSE(normalizedRule(bad, start, false, Zone())) << bad;
+}
+
+constexpr const char* standup =
+    "BEGIN:VEVENT\r\nUID:standup\r\nDTSTART:20161117T090000\r\nDTEND:20161117T093000\r\nRRULE:FREQ=WEEKLY\r\n"
+    "EXDATE:20261126T090000\r\nSUMMARY:Standup\r\nLOCATION:Room 1\r\nEND:VEVENT\r\n"
+    "BEGIN:VEVENT\r\nUID:standup\r\nRECURRENCE-ID:20261119T090000\r\nDTSTART:20261120T100000\r\n"
+    "DTEND:20261120T103000\r\nSUMMARY:Standup, moved\r\nEND:VEVENT\r\n";
+
+class SeriesTest : public CalendarTest {};
+
+TEST_F(SeriesTest, aDayShowsItsOccurrencesWithExceptionsAndWithoutDeletedOnes) {
+  ASSERT_EQ(import(standup).added, 2);
+  anAppointment(*outlook_, "Single", Date::of(2026, 11, 12, 8), 60);
+  EXPECT_EQ(day(Date::of(2026, 11, 12)), "08:00-09:00 Single; 09:00-09:30 Standup");
+  EXPECT_EQ(day(Date::of(2026, 11, 19)), "");
+  EXPECT_EQ(day(Date::of(2026, 11, 20)), "10:00-10:30 Standup, moved");
+  EXPECT_EQ(day(Date::of(2026, 11, 26)), "");
+  EXPECT_EQ(day(Date::of(2036, 11, 20)), "09:00-09:30 Standup");
+  EXPECT_EQ(day(Date::of(2016, 11, 10)), "");
+  auto moved = occurrenceOn(Date::of(2026, 11, 20));
+  EXPECT_TRUE(moved->IsRecurring());
+  EXPECT_EQ(outlook_->Session()->GetItemFromID(moved->EntryID(), "")->subject(), "Standup, moved");
+
+  // Without recurrences there is the series alone.
+  EXPECT_EQ(subjects(*itemsOf(*outlook_, calendarFolder)), "Standup, Single");
+  auto there = daysItems(Date::of(2026, 11, 12))->Restrict("NOT ([Location] = 'Room 1')");
+  EXPECT_EQ(subjects(*there), "Single");
+  EXPECT_EQ(daysItems(Date::of(2026, 11, 12))->Restrict("[IsRecurring] = true")->Count(), 1);
+}
+
+TEST_F(SeriesTest, savingAnOccurrenceMakesAnExceptionAndDeletingOneLeavesTheOthers) {
+  import(standup);
+  auto occurrence = occurrenceOn(Date::of(2026, 12, 3));
+  const std::string id = occurrence->EntryID();
+  occurrence->Save();
+  EXPECT_EQ(listItems(*openMailbox()).size(), 2u);
+  occurrence->setStart(Date::of(2026, 12, 3, 15));
+  occurrence->setSubject("Later");
+  occurrence->UserProperties()->Add(linkName, outlook::PropertyType::text)->setValue("G");
+  occurrence->Save();
+  EXPECT_EQ(day(Date::of(2026, 12, 3)), "15:00-15:30 Later");
+  EXPECT_EQ(day(Date::of(2026, 12, 10)), "09:00-09:30 Standup");
+  auto again = outlook_->Session()->GetItemFromID(id, "");
+  EXPECT_EQ(again->subject(), "Later");
+  EXPECT_EQ(again->UserProperties()->Item(linkName)->Value(), Variant("G"));
+
+  again->Delete();
+  occurrenceOn(Date::of(2026, 12, 10))->Delete();
+  EXPECT_EQ(day(Date::of(2026, 12, 3)), "");
+  EXPECT_EQ(day(Date::of(2026, 12, 10)), "");
+  EXPECT_EQ(day(Date::of(2026, 12, 17)), "09:00-09:30 Standup");
+  EXPECT_TRUE(contains(failureOf([&] { outlook_->Session()->GetItemFromID(id, ""); }), "440"));
+  EXPECT_TRUE(contains(failureOf([&] { occurrence->Save(); }), "moved or deleted"));
+  auto series = std::dynamic_pointer_cast<outlook::AppointmentItem>(itemsOf(*outlook_, calendarFolder)->Item(1));
+  EXPECT_TRUE(contains(failureOf([&] { series->setDuration(5); }), "Set those of an occurrence"));
+  series->Delete();
+  EXPECT_EQ(day(Date::of(2026, 11, 20)), "");
+  EXPECT_EQ(itemsOf(*outlook_, deletedFolder)->Count(), 1);
+}
+
+TEST_F(SeriesTest, aSeriesKeepsTheWallTimeOfItsOwnZone) {
+  const auto report = import(
+      "BEGIN:VTIMEZONE\r\nTZID:Eastern\r\nBEGIN:STANDARD\r\nDTSTART:20071104T020000\r\n"
+      "RRULE:FREQ=YEARLY;BYMONTH=11;BYDAY=1SU\r\nTZOFFSETFROM:-0400\r\nTZOFFSETTO:-0500\r\nEND:STANDARD\r\n"
+      "BEGIN:DAYLIGHT\r\nDTSTART:20070311T020000\r\nRRULE:FREQ=YEARLY;BYMONTH=3;BYDAY=2SU\r\n"
+      "TZOFFSETFROM:-0500\r\nTZOFFSETTO:-0400\r\nEND:DAYLIGHT\r\nEND:VTIMEZONE\r\n"
+      "BEGIN:VEVENT\r\nUID:call\r\nDTSTART;TZID=Eastern:20260902T090000\r\nDURATION:PT1H\r\n"
+      "RRULE:FREQ=WEEKLY;UNTIL=20261111T140000Z\r\nEXDATE;TZID=Eastern:20261007T090000\r\n"
+      "EXDATE:20261014T130000Z\r\nSUMMARY:Call\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:late\r\nDTSTART;TZID=Eastern:20261028T220000\r\nDTEND;TZID=Eastern:20261028T230000\r\n"
+      "RRULE:FREQ=WEEKLY\r\nSUMMARY:Late\r\nEND:VEVENT\r\n");
+  EXPECT_EQ(report.added, 2);
+  EXPECT_EQ(day(Date::of(2026, 10, 21)), "15:00-16:00 Call");
+  EXPECT_EQ(day(Date::of(2026, 10, 28)), "14:00-15:00 Call");  // Europe has put its clocks back, America hasn't
+  EXPECT_EQ(day(Date::of(2026, 11, 4)), "15:00-16:00 Call");
+  EXPECT_EQ(day(Date::of(2026, 11, 11)), "15:00-16:00 Call");
+  EXPECT_EQ(day(Date::of(2026, 11, 18)), "");
+  EXPECT_EQ(day(Date::of(2026, 10, 7)) + day(Date::of(2026, 10, 14)), "");
+  EXPECT_EQ(day(Date::of(2026, 11, 5)), "04:00-05:00 Late");  // Wednesday evening there is Thursday here
+}
+
+TEST_F(SeriesTest, daysAndLongOccurrencesAreFoundOnEachDayThatTheyTouch) {
+  import(
+      "BEGIN:VEVENT\r\nUID:days\r\nDTSTART;VALUE=DATE:20260131\r\nDTEND;VALUE=DATE:20260203\r\n"
+      "RRULE:FREQ=YEARLY\r\nSUMMARY:Fair\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:night\r\nDTSTART:20261023T220000\r\nDTEND:20261024T060000\r\n"
+      "RRULE:FREQ=WEEKLY;COUNT=2\r\nSUMMARY:Night\r\nEND:VEVENT\r\n");
+  EXPECT_EQ(day(Date::of(2027, 1, 30)), "");
+  for (const Date date : {Date::of(2027, 1, 31), Date::of(2027, 2, 1), Date::of(2027, 2, 2)})
+    EXPECT_EQ(day(date), "00:00-00:00 Fair");
+  EXPECT_EQ(day(Date::of(2027, 2, 3)), "");
+  EXPECT_EQ(day(Date::of(2026, 10, 30)), "22:00-06:00 Night");
+  EXPECT_EQ(day(Date::of(2026, 10, 31)), "22:00-06:00 Night");
+  EXPECT_EQ(day(Date::of(2026, 11, 6)), "");
+}
+
+TEST_F(SeriesTest, anOpenSpanStaysFinite) {
+  import(standup);
+  auto items = itemsOf(*outlook_, calendarFolder);
+  items->Sort("[Start]");
+  items->setIncludeRecurrences(true);
+  // A year to either side of today, and the exception.
+  EXPECT_NEAR(items->Count(), 104, 2);
+  EXPECT_NEAR(items->Restrict("[Start] >= '11/19/2026'")->Count(), 52, 2);
+}
+
+}  // namespace
+}  // namespace tarnel::mailbox
