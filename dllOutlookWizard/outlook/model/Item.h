@@ -34,8 +34,10 @@ class UserProperties {
   virtual std::shared_ptr<UserProperty> Add(std::string_view name, PropertyType type) = 0;
 };
 
-// An item of a folder, or one that was created and not yet saved. Writes go to the item and are in the store behind
-// Save. Every operation fails when the store is out of reach or the item is gone from it.
+// An item of a folder, or one that was created and not yet saved. It holds what it read of the store; writes go to the
+// item and are in the store behind Save. Whatever goes to the store fails when the store is out of reach (its file
+// removed, replaced, locked or write-protected) or the item is gone from it: Save and Delete, and reads of what was
+// not read yet. Behind Delete an item can be read and no more than that.
 class Item {
  public:
   virtual ~Item() = default;
@@ -51,9 +53,10 @@ class Item {
   // Name of the folder that it lies in: "Tasks", "Calendar", "Deleted Items".
   virtual std::string ParentName() const = 0;
 
-  // One transaction: all that was set, or nothing.
+  // One transaction: all that was set, or nothing. What was not set keeps what others wrote meanwhile.
   virtual void Save() = 0;
-  // Moves the item to Deleted Items; out of there it goes for good.
+  // Moves the item to Deleted Items, a series with its exceptions; out of there it goes for good. An occurrence is
+  // taken out of its series and lies nowhere then. Failure for an item that was never saved.
   virtual void Delete() = 0;
 };
 
@@ -73,7 +76,9 @@ class TaskItem : public Item {
   virtual void setActualWork(std::int32_t minutes) = 0;
 };
 
-// A single appointment, a series' first one, or one occurrence of a series.
+// A single appointment, a series, which has the times of its first occurrence, or one occurrence of a series, which
+// has an entry id of its own. Saving an occurrence with changes makes it an exception of its series. The times of a
+// series as a whole can't be set: failure 440.
 class AppointmentItem : public Item {
  public:
   virtual Date Start() const = 0;
