@@ -1,0 +1,108 @@
+#include "WebBrowser.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "Failure.h"
+#include "FooterParts.h"
+
+namespace tarnel {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Browser : public testing::Test {
+ protected:
+  Browser() {
+    fs::create_directories(help / "images");
+    write(help / "one.htm", "<p>One");
+    write(help / "two part.HTML", "<p>Two");
+    write(help / "images" / "deep.htm", "<p>Deep");
+    write(home / "outside.htm", "<p>Outside");
+    fs::create_symlink(home / "outside.htm", help / "linked.htm");
+    browser.setFolder(help);
+    browser.Navigate2(help / "one.htm");
+    refusal = browser.linkRefused.connect([this](const std::string& url) { refused.push_back(url); });
+  }
+  ~Browser() override { fs::remove_all(home); }
+
+  static void write(const fs::path& file, const std::string& text) { std::ofstream(file) << text; }
+
+  fs::path home = fs::path(testing::TempDir()) / "tarnel browser";
+  fs::path help = home / "help";
+  WebBrowser browser{"browsePWindow"};
+  std::vector<std::string> refused;
+  Connection refusal;
+};
+
+TEST_F(Browser, linksLeadThroughTheFolderAndBack) {
+  browser.followLink("two%20part.HTML#end%20");
+  EXPECT_EQ(browser.LocationName(), "two part.HTML");
+  EXPECT_EQ(browser.location().anchor, "end ");
+  EXPECT_TRUE(browser.LocationURL().ends_with("/tarnel%20browser/help/two%20part.HTML#end%20"))
+      << browser.LocationURL();
+  browser.followLink("#top");
+  browser.followLink("#top");
+  EXPECT_EQ(browser.location().anchor, "top");
+  browser.GoBack();
+  browser.followLink(fileUrl({help / "one.htm", {}}));
+  EXPECT_EQ(browser.html(), "<p>One");
+  browser.GoBack();
+  browser.GoBack();
+  EXPECT_EQ(browser.LocationName(), "one.htm");
+  EXPECT_FALSE(browser.canGoBack());
+  EXPECT_THROW(browser.GoBack(), Failure);
+}
+
+TEST_F(Browser, whatLeadsElsewhereIsRefusedAndChangesNothing) {
+  const std::vector<std::string> links{"http://example.org/one.htm",
+                                       "HTTPS://example.org",
+                                       "mailto:a@b",
+                                       "javascript:x()",
+                                       "//host/one.htm",
+                                       "file://host/one.htm",
+                                       "../outside.htm",
+                                       "%2e%2e/outside.htm",
+                                       home.string() + "/outside.htm",
+                                       "linked.htm",
+                                       "images/deep.htm",
+                                       "images",
+                                       "",
+                                       "one.htm%00",
+                                       "one.htm%4",
+                                       "one.htm%zz",
+                                       "notes.txt",
+                                       ".."};
+  for (const std::string& link : links) browser.followLink(link);
+  refused.erase(std::remove(refused.begin(), refused.end(), ""), refused.end());
+  EXPECT_EQ(refused.size(), links.size() - 1) << "the empty link is the page itself";
+  EXPECT_EQ(browser.LocationName(), "one.htm");
+  EXPECT_FALSE(browser.canGoBack());
+}
+
+TEST_F(Browser, pageThatCannotBeShownSaysSo) {
+  browser.followLink("missing&gone.htm");
+  EXPECT_EQ(browser.LocationName(), "missing&gone.htm");
+  EXPECT_NE(browser.html().find("missing&amp;gone.htm"), std::string::npos) << browser.html();
+  browser.Navigate2(help);
+  EXPECT_NE(browser.html().find("it is no file"), std::string::npos) << browser.html();
+}
+
+TEST(EmptyBrowser, hasNoPageAndFollowsNothing) {
+  WebBrowser browser("browsePWindow");
+  browser.followLink("one.htm");
+  EXPECT_EQ(browser.LocationName(), "http:///");
+  EXPECT_EQ(browser.LocationURL(), "");
+  EXPECT_EQ(browser.html(), "");
+}
+
+TEST(Footer, marksBecomeParts) {
+  EXPECT_EQ(footerParts("{newline}{line}{Left}11/19/2026{Right}Page {PageNum}", 12),
+            (FooterParts{true, "11/19/2026", "Page 12"}));
+  EXPECT_EQ(footerParts("{Right}{other}{", 1), (FooterParts{false, "", "{other}{"}));
+  EXPECT_EQ(footerParts("", 1), FooterParts{});
+}
+
+}  // namespace
+}  // namespace tarnel
