@@ -21,7 +21,7 @@ void OutlookTasksProject::run(Code code, const std::string& first, const std::st
 std::string OutlookTasksProject::key(ado::Session& session) const {
   const ado::Result stored = session.query(std::string("SELECT SetSettingValue FROM Settings") + setting);
   if (stored.rows.empty()) return {};
-  const std::string key = textOrEmpty(stored.rows.front().front());
+  const std::string key = textOrEmpty(stored.rows.value(0, 0));
   const ado::Result project = session.query("SELECT prjGUIDID FROM PROJECTS WHERE prjGUIDID=" + sqlText(key));
   return project.rows.empty() ? std::string() : key;
 }
