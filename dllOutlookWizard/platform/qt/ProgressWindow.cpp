@@ -19,7 +19,7 @@ ProgressWindow::ProgressWindow(QWidget* parent)
       text_(new QLabel(this)),
       bar_(new QProgressBar(this)) {
   setWindowModality(Qt::ApplicationModal);
-  setWindowTitle(parent ? parent->windowTitle() : QApplication::applicationDisplayName());
+  setWindowTitle(parent ? parent->windowTitle() : QString());
   setFont(formFont());
   setAccessibleName(tr("Progress"));
   bar_->setTextVisible(false);

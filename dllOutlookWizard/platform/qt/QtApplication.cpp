@@ -4,11 +4,14 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QIcon>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleFactory>
 
 #include "Colors.h"
 #include "Failure.h"
+#include "Pictures.h"
 
 namespace tarnel::qt {
 namespace {
@@ -28,6 +31,18 @@ bool desktopPrefersDark() {
   QVariant value = answer.arguments().constFirst();
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
   return value.toUInt() == 1;
+}
+
+QIcon ownIcon() {
+  QIcon icon;
+  for (const int side : {16, 32, 64, 128}) {
+    QPixmap pixmap(side, side);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paintPicture(painter, QRectF(0, 0, side, side), "Tarnel");
+    icon.addPixmap(pixmap);
+  }
+  return icon;
 }
 
 // A desktop that has a palette of its own keeps it.
@@ -76,7 +91,7 @@ void QtApplication::start(int& argc, char** argv, Colors colors) {
   if (QCoreApplication::instance()) return;
   inside_->application = std::make_unique<QApplication>(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnel"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Tarnel"));
+  QApplication::setWindowIcon(ownIcon());
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setQuitOnLastWindowClosed(false);  // a wizard that closes hands back to its host
   inside_->desktop = desktopPalette();

@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QSpacerItem>
 #include <algorithm>
 #include <vector>
 
@@ -14,6 +17,8 @@
 
 namespace tarnel::qt {
 namespace {
+
+constexpr int narrowestMessage = 340;  // pixels
 
 // A box that asks for an answer is not pointed at with an hourglass.
 class StandardPointer {
@@ -34,6 +39,14 @@ QMessageBox::Icon iconOf(const Message& message) {
       return message.buttons == MessageButtons::yesNo ? QMessageBox::Question : QMessageBox::NoIcon;
   }
   return QMessageBox::NoIcon;
+}
+
+// Wide enough for its title, without the style's icons on the buttons.
+int ask(QMessageBox& box) {
+  auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
+  grid.addItem(new QSpacerItem(narrowestMessage, 0), grid.rowCount(), 0, 1, grid.columnCount());
+  for (QAbstractButton* button : box.buttons()) button->setIcon({});
+  return box.exec();
 }
 
 }  // namespace
@@ -61,13 +74,13 @@ MessageAnswer QtDesktop::message(const Message& message) {
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   if (message.buttons == MessageButtons::ok) {
     box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
+    ask(box);
     return MessageAnswer::ok;
   }
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes ? MessageAnswer::yes : MessageAnswer::no;
+  return ask(box) == QMessageBox::Yes ? MessageAnswer::yes : MessageAnswer::no;
 }
 
 void QtDesktop::report(const FailureReport& report) {

@@ -2,6 +2,8 @@
 
 #include "BarView.h"
 #include "CheckListView.h"
+#include "DayScheduleView.h"
+#include "DropDateView.h"
 #include "FormItemsView.h"
 #include "LabelView.h"
 #include "Panels.h"
@@ -33,6 +35,10 @@ ViewFactory::ViewFactory() {
       [](SSSplitter& control, ViewSite& site, QWidget* parent) { return new SplitterView(control, site, parent); });
   add<SftTabs>([](SftTabs& control, ViewSite& site, QWidget* parent) { return new TabsView(control, site, parent); });
   add<SmartUI>(makeItemsView);
+  add<ctDropDate>(
+      [](ctDropDate& control, ViewSite& site, QWidget* parent) { return new DropDateView(control, site, parent); });
+  add<ctMDay>(
+      [](ctMDay& control, ViewSite& site, QWidget* parent) { return new DayScheduleView(control, site, parent); });
 }
 
 QWidget* ViewFactory::make(Control& control, ViewSite& site, QWidget* parent) const {

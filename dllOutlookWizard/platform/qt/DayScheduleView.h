@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+
+#include "ScheduleLayout.h"
+#include "ViewSite.h"
+#include "ctMDay.h"
+
+namespace tarnel::qt {
+
+// One day: its name, a band of what lasts all day, then rows of hours with the appointments on them. A click, or the
+// space bar on the one that the arrow keys lead to, selects an appointment. Schedules in one window scroll together
+// and keep their rows level.
+class DayScheduleView : public QAbstractScrollArea {
+ public:
+  DayScheduleView(ctMDay& control, ViewSite& site, QWidget* parent);
+
+  // Where an appointment stands in the viewport; nowhere when it isn't on the day or in the hours shown.
+  QRect placeOf(std::int16_t index);
+  // That which the keys act on; 0 for none.
+  std::int16_t current() const { return current_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  void changed();
+  void layOut();
+  std::vector<DayScheduleView*> peers() const;
+  // Of the day's name, and of the times beside the rows, in pixels.
+  static int titleHeight() { return 20; }
+  static int timesWidth() { return 46; }
+  int headHeight() const;
+  std::int16_t appointmentAt(const QPoint& at);
+  void select(std::int16_t index);
+  void walk(int step);
+  void bringIntoView(std::int16_t index);
+  QString describe(std::int16_t index) const;
+
+  void paintRows(QPainter& painter) const;
+  void paintHead(QPainter& painter) const;
+  void paintNow(QPainter& painter) const;
+  void paintBox(QPainter& painter, const ScheduleLayout::Box& box) const;
+  QRect onViewport(const ScheduleLayout::Box& box) const;
+
+  ctMDay& control_;
+  ViewSite& site_;
+  ScheduleLayout layout_;
+  bool outdated_ = true;
+  bool seen_ = false;
+  std::int16_t current_ = 0;
+  std::int16_t pressed_ = 0;
+  Connection onChange_;
+};
+
+}  // namespace tarnel::qt

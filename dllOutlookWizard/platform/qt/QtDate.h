@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDate>
+#include <QLocale>
+#include <QString>
+#include <QTime>
+#include <algorithm>
+
+#include "Date.h"
+
+namespace tarnel::qt {
+
+inline QDate toQDate(Date date) {
+  const CivilTime civil = date.civil();
+  return {civil.year, civil.month, civil.day};
+}
+
+inline Date toDate(const QDate& date) { return Date::of(date.year(), date.month(), date.day()); }
+
+// A minute of the day.
+inline QTime toQTime(int minute) {
+  const int inside = std::clamp(minute, 0, 1439);
+  return {inside / 60, inside % 60};
+}
+
+// In the user's short form, never with seconds.
+inline QString timeText(int minute) {
+  const QString format = QLocale().timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
+  return QLocale().toString(toQTime(minute), format);
+}
+
+}  // namespace tarnel::qt

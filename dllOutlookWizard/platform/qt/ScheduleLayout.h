@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QRect>
+#include <vector>
+
+#include "ctMDay.h"
+
+namespace tarnel::qt {
+
+// Where the appointments of the day shown stand, in pixels from the top of the first row and from the left edge of the
+// room beside the times. Those that overlap share the room's width.
+class ScheduleLayout {
+ public:
+  static constexpr int rowHeight = 20;
+  static constexpr int allDayHeight = 20;
+  static constexpr int lowestBox = 17;  // as low as a line of text needs
+
+  struct Box {
+    std::int16_t index;  // of the appointment
+    QRect place;         // of an all-day appointment: in the band above the rows
+    bool allDay;
+  };
+
+  ScheduleLayout() = default;
+  ScheduleLayout(const ctMDay& schedule, int width);
+
+  // All-day ones first, then by start: the order in which keys walk them.
+  const std::vector<Box>& boxes() const { return boxes_; }
+  int rows() const { return rows_; }
+  int height() const { return rows_ * rowHeight; }
+  int bandHeight() const { return allDays_ * allDayHeight; }
+  // Where a minute of the day stands; may lie outside the rows.
+  int at(int minute) const { return (minute - dayStart_) * rowHeight / minutesPerRow_; }
+  int minuteAt(int y) const { return dayStart_ + y * minutesPerRow_ / rowHeight; }
+  // The minute at which a row starts.
+  int minuteOf(int row) const { return dayStart_ + row * minutesPerRow_; }
+  int minutesPerRow() const { return minutesPerRow_; }
+
+ private:
+  void placeAllDays(const ctMDay& schedule, int width);
+  void placeTimed(const ctMDay& schedule, int width);
+  void shareWidth(std::size_t first, std::size_t end, int width);
+
+  std::vector<Box> boxes_;
+  int dayStart_ = 0;
+  int minutesPerRow_ = 60;
+  int rows_ = 0;
+  int allDays_ = 0;
+};
+
+}  // namespace tarnel::qt
