@@ -1,12 +1,15 @@
 #include "ViewFactory.h"
 
 #include "BarView.h"
+#include "BrowserView.h"
 #include "CheckListView.h"
 #include "DayScheduleView.h"
 #include "DropDateView.h"
 #include "FormItemsView.h"
 #include "LabelView.h"
 #include "Panels.h"
+#include "PaperOutput.h"
+#include "SpellEditor.h"
 #include "SplitterView.h"
 #include "TabsView.h"
 
@@ -35,6 +38,13 @@ ViewFactory::ViewFactory() {
       [](SSSplitter& control, ViewSite& site, QWidget* parent) { return new SplitterView(control, site, parent); });
   add<SftTabs>([](SftTabs& control, ViewSite& site, QWidget* parent) { return new TabsView(control, site, parent); });
   add<SmartUI>(makeItemsView);
+  add<WebBrowser>(
+      [](WebBrowser& control, ViewSite& site, QWidget* parent) { return new BrowserView(control, site, parent); });
+  // Nothing of it is to be seen but what it prints.
+  add<SpellEditor>([](SpellEditor& control, ViewSite&, QWidget* parent) -> QWidget* {
+    control.setOutput(std::make_shared<PaperOutput>(parent));
+    return nullptr;
+  });
   add<ctDropDate>(
       [](ctDropDate& control, ViewSite& site, QWidget* parent) { return new DropDateView(control, site, parent); });
   add<ctMDay>(

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+#include <QVariant>
+#include <filesystem>
+#include <string>
+
+namespace tarnel::qt {
+
+// The characters of a page, in the encoding that it names; UTF-8 where it names none.
+QString decodedHtml(const std::string& bytes);
+
+// A picture that a page names, as an image; an invalid value when it does not lie in `folder` or below it, or is none.
+QVariant pagePicture(const QUrl& name, const std::filesystem::path& folder);
+
+}  // namespace tarnel::qt
