@@ -118,6 +118,25 @@ TEST_F(IcsTest, anExportCarriesEverythingToAnotherMailbox) {
   }
 }
 
+TEST_F(IcsTest, aSeriesOfTheMachinesZoneTravelsWithItsZoneAndComesBackUnchanged) {
+  setZone("Europe/Berlin");
+  import(
+      "BEGIN:VEVENT\r\nUID:own\r\nDTSTART:20261001T090000\r\nDTEND:20261001T100000\r\n"
+      "RRULE:FREQ=WEEKLY;COUNT=8\r\nEXDATE:20261015T090000\r\nSUMMARY:Own\r\nEND:VEVENT\r\n");
+  auto mailbox = openMailbox();
+  const std::string text = exportIcsText(*mailbox);
+  for (const char* part :
+       {"BEGIN:VTIMEZONE\r\nTZID:Europe/Berlin\r\n", "DTSTART;TZID=\"Europe/Berlin\":20261001T090000",
+        "UNTIL=20261119T080000Z", "EXDATE;TZID=\"Europe/Berlin\":20261015T090000"})
+    EXPECT_TRUE(contains(text, part));
+  EXPECT_EQ(importIcsText(*mailbox, text, "again").unchanged, 1);
+  setZone("America/New_York");
+  createMailbox(folder_ / "abroad");
+  Mailbox abroad(folder_ / "abroad", Locale(), clock_);
+  importIcsText(abroad, text, "abroad");
+  EXPECT_EQ(isoText(*listItems(abroad)[0].start), "2026-10-01 03:00:00");
+}
+
 TEST_F(IcsTest, aBadComponentIsToldByLineAndTheRestIsTaken) {
   const ImportReport report = import(
       "BEGIN:VEVENT\r\nUID:1\r\nDTSTART:20260230T080000\r\nEND:VEVENT\r\n"                           // 4: DTSTART on 6

@@ -62,7 +62,9 @@ class Import {
   void take(IcsItem& item) {
     if (item.record.kind == outlook::ItemType::appointment && item.recurrenceId && attach(item)) return;
     if (!item.record.recurrence.empty()) {
-      if (!item.tzid.empty()) item.record.zone = mailbox_.zones.idOf(item.tzid, times_.definition(item.tzid));
+      // A series in the machine's own zone stays there wherever the machine goes.
+      if (!item.tzid.empty() && item.tzid != machine::zoneName())
+        item.record.zone = mailbox_.zones.idOf(item.tzid, times_.definition(item.tzid));
       indexSeries(item.record, mailbox_.zones.at(item.record.zone));
     }
     const auto known = findByUid(item.record);

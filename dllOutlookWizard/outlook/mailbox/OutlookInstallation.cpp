@@ -1,5 +1,7 @@
 #include "OutlookInstallation.h"
 
+#include <system_error>
+
 #include "Failure.h"
 
 namespace tarnel::mailbox {
@@ -14,7 +16,10 @@ std::filesystem::path OutlookInstallation::pathOf(const std::optional<std::strin
 }
 
 std::shared_ptr<Mailbox> OutlookInstallation::mailbox(const std::optional<std::string>& profile) {
-  const std::filesystem::path path = std::filesystem::weakly_canonical(pathOf(profile));
+  const std::filesystem::path named = pathOf(profile);
+  std::error_code unreadable;
+  std::filesystem::path path = std::filesystem::weakly_canonical(named, unreadable);
+  if (unreadable) path = named;  // opening it tells why
   std::weak_ptr<Mailbox>& known = open_[path];
   auto mailbox = known.lock();
   if (!mailbox || !mailbox->store.isInReach()) {
