@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <algorithm>
 
 #include "FooterParts.h"
@@ -48,6 +49,7 @@ class PaperJob {
   double dots(double twips) const { return twips * device_.logicalDpiX() / twipsPerInch; }
   void layOut();
   void shrinkPictures();
+  void keepHeadingsWithTheirText();
   void paintText(QPainter& painter, int page);
   void paintFooter(QPainter& painter, int page) const;
 
@@ -92,6 +94,7 @@ void PaperJob::layOut() {
   source_.setHtml(decodedHtml(document_.html));
   shrinkPictures();
   source_.setPageSize(text_.size());
+  keepHeadingsWithTheirText();
 }
 
 // A picture wider than the text would be cut.
@@ -113,6 +116,23 @@ void PaperJob::shrinkPictures() {
       cursor.setCharFormat(picture);
       break;  // the block's pieces have been made anew
     }
+  }
+}
+
+// A heading at the foot of a page goes to the next one, where its text is. Each moved heading moves what is behind it,
+// so the pages are asked for anew each time.
+void PaperJob::keepHeadingsWithTheirText() {
+  const auto pageOf = [this](const QTextBlock& block, bool wholeFirstLine) {
+    const double top = source_.documentLayout()->blockBoundingRect(block).top();  // lays the block out where need be
+    const bool measured = wholeFirstLine && block.layout()->lineCount() > 0;
+    return static_cast<int>((top + (measured ? block.layout()->lineAt(0).rect().bottom() : 0)) / text_.height());
+  };
+  for (QTextBlock block = source_.begin(); block.isValid(); block = block.next()) {
+    if (block.blockFormat().headingLevel() == 0 || !block.next().isValid()) continue;
+    if (pageOf(block, false) == pageOf(block.next(), true)) continue;
+    QTextBlockFormat onNextPage;
+    onNextPage.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(block).mergeBlockFormat(onNextPage);
   }
 }
 

@@ -1,0 +1,70 @@
+#include "HelpTopics.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include "HtmlFile.h"
+#include "PageLink.h"
+
+namespace tarnel {
+namespace {
+
+std::string described(std::int32_t number) {
+  const HelpTopic* topic = findHelpTopic(number);
+  return topic ? std::string(topic->file) + " | " + topic->title : "none";
+}
+
+TEST(HelpTopics, numbersLeadToTheirTopicsAndNoOthers) {
+  EXPECT_EQ(described(0), "POP-MetricsTarnel.htm | Tarnel: Tarnel Metrics");
+  EXPECT_EQ(described(7), described(0));
+  EXPECT_EQ(described(250), "POP-OUTLOOKINTEGRATE.htm | Tarnel: Outlook Task Import");
+  EXPECT_EQ(described(7000), "Tarnel-TOUR1.htm | Tarnel Getting Started Tour");
+  for (const std::int32_t none : {-1, -250, 11, 201, 501, 7001, 2147483647}) EXPECT_EQ(described(none), "none") << none;
+}
+
+TEST(HelpTopics, topicsOfOneSubjectShareATitle) {
+  const auto title = [](std::int32_t number) { return std::string(findHelpTopic(number)->title); };
+  EXPECT_EQ(title(250), title(200));
+  EXPECT_EQ(title(500), title(502));
+  EXPECT_EQ(title(70), title(71));
+  EXPECT_EQ(title(70), title(72));
+  EXPECT_EQ(title(99), title(9));
+}
+
+// What an href or src of a page names, in order.
+std::vector<std::string> named(const std::string& html, const std::string& attribute) {
+  std::vector<std::string> values;
+  const std::string lead = attribute + "=\"";
+  for (std::size_t at = html.find(lead); at != std::string::npos; at = html.find(lead, at + 1)) {
+    const std::size_t start = at + lead.size();
+    values.push_back(html.substr(start, html.find('"', start) - start));
+  }
+  return values;
+}
+
+TEST(HelpPages, everyTopicHasItsPageAndEveryLinkAndPictureIsThere) {
+  const std::filesystem::path folder = HELP_PAGES;
+  for (std::int32_t number = 0; number <= 7000; ++number) {
+    const HelpTopic* topic = findHelpTopic(number);
+    EXPECT_TRUE(!topic || std::filesystem::exists(folder / topic->file)) << number;
+  }
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (!entry.is_regular_file()) continue;
+    const std::string html = readHtmlFile(entry.path());
+    for (const std::string& link : named(html, "href")) {
+      const auto target = resolveLink(link, entry.path(), folder);
+      ASSERT_TRUE(target) << entry.path() << " leads to " << link;
+      EXPECT_TRUE(std::filesystem::exists(target->file)) << entry.path() << " leads to " << link;
+      const bool placed = readHtmlFile(target->file).find("name=\"" + target->anchor + "\"") != std::string::npos;
+      EXPECT_TRUE(target->anchor.empty() || placed) << entry.path() << " leads to " << link;
+    }
+    for (const std::string& picture : named(html, "src"))
+      EXPECT_TRUE(std::filesystem::exists(folder / picture)) << entry.path() << " shows " << picture;
+  }
+}
+
+}  // namespace
+}  // namespace tarnel
