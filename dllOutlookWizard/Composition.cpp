@@ -1,12 +1,13 @@
 #include "Composition.h"
 
-#include "ClassFactory.h"
 #include "Failure.h"
 #include "FileRegistry.h"
 #include "Folders.h"
+#include "OutlookFactory.h"
 #include "SqliteProvider.h"
 #include "SystemClock.h"
 #include "frmOutWiz.h"
+#include "m_OutlookWizard.h"
 #ifdef TARNEL_QT
 #include "PictureDesktop.h"
 #include "QtApplication.h"
@@ -15,20 +16,6 @@
 
 namespace tarnel {
 namespace {
-
-// A machine without Outlook.
-class NoOutlook : public outlook::ClassFactory {
- public:
-  std::shared_ptr<outlook::Application> activeApplication() override { fail(); }
-  std::shared_ptr<outlook::Application> createApplication() override { fail(); }
-  std::unique_ptr<outlook::SafeTaskItem> createSafeTaskItem() override { fail(); }
-  std::unique_ptr<outlook::SafeAppointmentItem> createSafeAppointmentItem() override { fail(); }
-  std::unique_ptr<outlook::MAPITable> createMAPITable() override { fail(); }
-  std::unique_ptr<outlook::MAPIUtils> createMAPIUtils() override { fail(); }
-
- private:
-  [[noreturn]] static void fail() { throw Failure(failure::noSuchObject, "ActiveX component can't create object"); }
-};
 
 std::vector<float> sizesOf(const Form& form) {
   const auto* wizard = dynamic_cast<const frmOutWiz*>(&form);
@@ -40,15 +27,25 @@ std::vector<float> sizesOf(const Form& form) {
 }  // namespace
 
 struct Composition::Parts {
+  Parts(ProfileMailbox profileMailbox, std::filesystem::path defaultMailbox)
+      : outlook([this,
+                 lookup = std::move(profileMailbox)](const std::string& profile) { return lookup(registry, profile); },
+                std::move(defaultMailbox), locale, clock) {}
+
   SystemClock clock;
+  Locale locale = Locale::ofSystem();
   FileRegistry registry{folders::config() / "registry"};
   sqlite::SqliteProvider database;
-  NoOutlook outlook;
+  mailbox::OutlookFactory outlook;
 };
 
-Composition::Composition() : parts_(std::make_unique<Parts>()) {}
+Composition::Composition(ProfileMailbox profileMailbox, std::filesystem::path defaultMailbox)
+    : parts_(std::make_unique<Parts>(std::move(profileMailbox), std::move(defaultMailbox))) {}
 
-Composition::~Composition() { removePlatform(); }
+Composition::~Composition() {
+  releaseOutlook();  // the session would keep it beyond the clock that it reads
+  removePlatform();
+}
 
 const Clock& Composition::clock() const { return parts_->clock; }
 Registry& Composition::registry() { return parts_->registry; }
@@ -57,7 +54,7 @@ ado::Provider& Composition::database() { return parts_->database; }
 void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities) {
   installPlatform({.desktop = desktop,
                    .clock = parts_->clock,
-                   .locale = Locale::ofSystem(),
+                   .locale = parts_->locale,
                    .registry = parts_->registry,
                    .database = parts_->database,
                    .outlook = parts_->outlook,

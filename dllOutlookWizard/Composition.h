@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 
 #include "Platform.h"
 #include "ScriptDesktop.h"
@@ -19,7 +21,11 @@ struct PictureOptions {
 // Lasts longer than everything that works on them.
 class Composition {
  public:
-  Composition();
+  // Where a profile's mailbox file is, as the wizard names the profile; none for an unknown one.
+  using ProfileMailbox = std::function<std::optional<std::filesystem::path>(Registry&, const std::string& profile)>;
+
+  // `defaultMailbox` is Outlook's mailbox file where no profile is chosen.
+  Composition(ProfileMailbox profileMailbox, std::filesystem::path defaultMailbox);
   // Takes the platform away again.
   ~Composition();
   Composition(const Composition&) = delete;

@@ -1,10 +1,11 @@
 #include "CommandLine.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 
 #include "Conversions.h"
+#include "HostParts.h"
 #include "NewDatabase.h"
+#include "SubCommands.h"
 #include "SystemClock.h"
 #include "WizardRun.h"
 
@@ -42,12 +43,14 @@ class CommandLine {
     addWizard();
     addDrive();
     addPictures();
+    addMailboxCommand(app_, action_);
+    addProfileCommand(app_, action_);
   }
 
   int run() {
     try {
       app_.parse(argc_, argv_);
-      return command_() ? succeeded : failed;
+      return action_() ? succeeded : failed;
     } catch (const CLI::ParseError& error) {
       return app_.exit(error) == 0 ? succeeded : wrongUsage;  // --help ends here too
     } catch (const std::exception& error) {
@@ -60,20 +63,29 @@ class CommandLine {
   void addNew() {
     CLI::App* command = app_.add_subcommand("new", "Make a new task database; an existing file is never touched");
     command->add_option("FILE", file_, "The database to make")->capture_default_str();
-    command->add_flag("--demo", demo_, "Fill it with projects, tasks and appointments around today");
-    command->callback([this] {
-      command_ = [this] {
-        newDatabase(file_, demo_, SystemClock().now());
-        std::cout << "Made " << file_.string() << std::endl;
-        return true;
-      };
-    });
+    command->add_flag("--demo", demo_, "Fill it with contents around today, and make the mailbox that goes with them");
+    addMailboxOption(*command);
+    command->callback([this] { action_ = [this] { return makeNew(); }; });
+  }
+
+  bool makeNew() {
+    if (demo_)
+      newDemo(file_, options_.mailbox.value_or(defaultMailbox()), SystemClock());
+    else
+      newDatabase(file_);
+    std::cout << "Made " << file_.string() << std::endl;
+    return true;
+  }
+
+  void addMailboxOption(CLI::App& command) {
+    command.add_option("--mailbox", options_.mailbox,
+                       "Outlook's mailbox file; that of the chosen profile, or your own, when left out");
   }
 
   void addWizard() {
     CLI::App* command = app_.add_subcommand("wizard", "Open the wizard in a window");
     addWizardOptions(*command);
-    command->callback([this] { command_ = [this] { return openWindow(); }; });
+    command->callback([this] { action_ = [this] { return openWindow(); }; });
   }
 
   void addDrive() {
@@ -92,7 +104,7 @@ class CommandLine {
         "  resize WIDTH HEIGHT | split NAME WIDTH    in twips\n"
         "  answer yes|no                             answer the next question; without one the answer is no\n"
         "Words with blanks stand in double quotes. The end of the input closes the window.\n");
-    command->callback([this] { command_ = [this] { return drive(); }; });
+    command->callback([this] { action_ = [this] { return drive(); }; });
   }
 
   void addPictures() {
@@ -104,11 +116,12 @@ class CommandLine {
         ->capture_default_str();
     command->add_flag("--dark", pictures_.dark, "In dark colours");
     addWizardOptions(*command);
-    command->callback([this] { command_ = [this] { return savePictures(); }; });
+    command->callback([this] { action_ = [this] { return savePictures(); }; });
   }
 
   void addWizardOptions(CLI::App& command) {
     command.add_option("--database", options_.database, "The task database")->capture_default_str();
+    addMailboxOption(command);
     command
         .add_option_function<std::string>(
             "--date", [this](const std::string& text) { options_.date = *parseIsoDate(text); },
@@ -126,7 +139,7 @@ class CommandLine {
   }
 
   bool drive() {
-    Composition parts;
+    Composition parts = hostParts(options_.mailbox);
     const auto desktop = Composition::scriptDesktop(std::cin, std::cout);
     const bool good = runWizard(parts, *desktop, options_, [&](const std::string& name, const EventArguments& values) {
       desktop->tellEvent(name, values);
@@ -136,13 +149,13 @@ class CommandLine {
   }
 
   bool openWindow() {
-    Composition parts;
+    Composition parts = hostParts(options_.mailbox);
     const auto desktop = Composition::windowDesktop(argc_, argv_);
     return runWizard(parts, *desktop, options_, sayEvent);
   }
 
   bool savePictures() {
-    Composition parts;
+    Composition parts = hostParts(options_.mailbox);
     const auto desktop = Composition::pictureDesktop(argc_, argv_, pictures_, std::cout);
     return runWizard(parts, *desktop, options_, sayEvent);
   }
@@ -156,7 +169,7 @@ class CommandLine {
   int argc_;
   char** argv_;
   CLI::App app_{about, "tarnel"};
-  std::function<bool()> command_;
+  Action action_;
   std::filesystem::path file_ = defaultDatabase();
   bool demo_ = false;
   PictureOptions pictures_;

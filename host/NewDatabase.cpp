@@ -1,26 +1,76 @@
 #include "NewDatabase.h"
 
 #include "CCreateGuid.h"
+#include "DemoMailbox.h"
 #include "DemoScript.h"
 #include "Failure.h"
 #include "Folders.h"
+#include "IcsReader.h"
+#include "MailboxFile.h"
 #include "TaskDatabaseScript.h"
 #include "createDatabase.h"
 
 namespace tarnel::host {
+namespace {
 
-std::filesystem::path defaultDatabase() { return folders::data() / "TarnelData.db"; }
+namespace fs = std::filesystem;
 
-void newDatabase(const std::filesystem::path& file, bool demo, Date today) {
-  const std::filesystem::path whole = std::filesystem::absolute(file);
+// The whole path, its folder made.
+fs::path readyPath(const fs::path& file) {
+  const fs::path whole = fs::absolute(file);
   std::error_code error;
-  std::filesystem::create_directories(whole.parent_path(), error);
+  fs::create_directories(whole.parent_path(), error);
   if (error)
     throw Failure(failure::pathAccess, "The folder \"" + whole.parent_path().string() +
                                            "\" can't be made: " + error.message() + ". Name a file in another folder.");
-  std::string script = taskDatabaseScript();
-  if (demo) script += demoScript(demoContents(today, GetANewGuid));
-  sqlite::createDatabase(whole, script);
+  return whole;
+}
+
+void requireFree(const fs::path& file, const char* advice) {
+  if (fs::exists(fs::symlink_status(file)))
+    throw Failure(failure::pathAccess, "\"" + file.string() + "\" exists already and was left as it is. " + advice);
+}
+
+// A mailbox that came up for a demo, gone again unless all of the demo was made.
+class DraftMailbox {
+ public:
+  explicit DraftMailbox(fs::path file) : file_(std::move(file)) { mailbox::createMailbox(file_); }
+  ~DraftMailbox() {
+    std::error_code ignored;
+    if (kept_) return;
+    for (const char* ending : {"", "-wal", "-shm"}) fs::remove(file_.string() + ending, ignored);
+  }
+  DraftMailbox(const DraftMailbox&) = delete;
+  DraftMailbox& operator=(const DraftMailbox&) = delete;
+
+  void fill(const std::string& calendar, const Clock& clock) {
+    mailbox::Mailbox open(file_, Locale(), clock);
+    const mailbox::ImportReport report = mailbox::importIcsText(open, calendar, "the demo mailbox");
+    if (!report.skipped.empty()) throw Failure(failure::automation, report.skipped.front());
+  }
+  void keep() { kept_ = true; }
+
+ private:
+  fs::path file_;
+  bool kept_ = false;
+};
+
+}  // namespace
+
+fs::path defaultDatabase() { return folders::data() / "TarnelData.db"; }
+
+void newDatabase(const fs::path& file) { sqlite::createDatabase(readyPath(file), taskDatabaseScript()); }
+
+void newDemo(const fs::path& file, const fs::path& mailboxFile, const Clock& clock) {
+  const fs::path database = readyPath(file);
+  const fs::path mailboxPath = readyPath(mailboxFile);
+  requireFree(database, "Name another file or remove this one.");
+  requireFree(mailboxPath, "Name another mailbox with --mailbox or remove this one.");
+  const DemoContents contents = demoContents(clock.now(), GetANewGuid);
+  DraftMailbox draft(mailboxPath);
+  draft.fill(demoMailbox(contents, clock.now()), clock);
+  sqlite::createDatabase(database, taskDatabaseScript() + demoScript(contents));
+  draft.keep();
 }
 
 }  // namespace tarnel::host

@@ -1,16 +1,21 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
-#include "Date.h"
+#include "Clock.h"
 
 namespace tarnel::host {
 
 // Where a user's task database is when none is named.
 std::filesystem::path defaultDatabase();
 
-// Creates a task database, with `demo` filled with data to try the program on, around `today`. Missing folders on the
-// way are made. Failure when the file is there already or can't be written; nothing is left half-written.
-void newDatabase(const std::filesystem::path& file, bool demo, Date today);
+// Creates an empty task database. Missing folders on the way are made. Failure when the file is there already or can't
+// be written; nothing is left half-written.
+void newDatabase(const std::filesystem::path& file);
+
+// The same with data to try the program on, around the present day, and the mailbox that goes with it: some of the
+// tasks and appointments are linked. Failure when one of the two is there already; neither is made then.
+void newDemo(const std::filesystem::path& file, const std::filesystem::path& mailboxFile, const Clock& clock);
 
 }  // namespace tarnel::host

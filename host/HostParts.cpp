@@ -1,0 +1,18 @@
+#include "HostParts.h"
+
+#include "Folders.h"
+#include "Profiles.h"
+
+namespace tarnel::host {
+
+std::filesystem::path defaultMailbox() { return folders::data() / "Outlook.mailbox"; }
+
+Composition hostParts(const std::optional<std::filesystem::path>& mailbox) {
+  return Composition(
+      [mailbox](Registry& registry, const std::string& profile) {
+        return mailbox ? mailbox : Profiles(registry).mailboxOfChosen(profile);
+      },
+      mailbox.value_or(defaultMailbox()));
+}
+
+}  // namespace tarnel::host

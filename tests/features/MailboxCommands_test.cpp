@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "ProgramRun.h"
+
+namespace tarnel {
+namespace {
+
+using nlohmann::json;
+using test::ProgramResult;
+using test::ProgramRun;
+
+class MailboxCommands : public testing::Test {
+ protected:
+  json items(const std::string& options = "--mailbox a.mailbox") {
+    return json::parse(run("mailbox list --json " + options).output);
+  }
+
+  ProgramRun run;
+  const std::string calendar =
+      "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:x\r\n"
+      "BEGIN:VTODO\r\nUID:1\r\nDTSTAMP:20260101T000000Z\r\nSUMMARY:Pay rent\r\nDUE;VALUE=DATE:20261201\r\nEND:VTODO\r\n"
+      "BEGIN:VEVENT\r\nUID:2\r\nDTSTAMP:20260101T000000Z\r\nSUMMARY:Talk\r\nDTSTART:20261119T090000\r\n"
+      "DTEND:20261119T100000\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+};
+
+TEST_F(MailboxCommands, importedTwiceIsThereOnceAndComesBackFromAnExport) {
+  run.home.write("in.ics", calendar);
+  EXPECT_EQ(run("mailbox import in.ics --mailbox a.mailbox").output, "2 added, 0 updated, 0 unchanged, 0 skipped\n");
+  EXPECT_EQ(run("mailbox --mailbox a.mailbox import in.ics").output, "0 added, 0 updated, 2 unchanged, 0 skipped\n");
+  const json task = items()[0];
+  EXPECT_EQ(task["kind"], "task");
+  EXPECT_EQ(task["dueDate"], "2026-12-01 00:00:00");
+  EXPECT_EQ(task["start"], nullptr);
+  EXPECT_EQ(items()[1]["start"], "2026-11-19 09:00:00");
+  EXPECT_EQ(run("mailbox export out.ics --mailbox a.mailbox").exitCode, 0);
+  EXPECT_EQ(run("mailbox import out.ics --mailbox b.mailbox").exitCode, 0);
+  EXPECT_EQ(items("--mailbox b.mailbox").size(), 2U);
+}
+
+TEST_F(MailboxCommands, itemsAreMovedDeletedAndForGoodFromDeletedItems) {
+  run.home.write("in.ics", calendar);
+  run("mailbox import in.ics --mailbox a.mailbox");
+  const std::string entry = items()[0]["entryId"];
+  EXPECT_EQ(run("mailbox delete " + entry + " --mailbox a.mailbox").exitCode, 0);
+  EXPECT_EQ(items()[0]["folder"], "Deleted Items");
+  EXPECT_EQ(run("mailbox move " + entry + " Tasks --mailbox a.mailbox").exitCode, 0);
+  EXPECT_EQ(items()[0]["folder"], "Tasks");
+  EXPECT_EQ(run("mailbox move " + entry + " Calendar --mailbox a.mailbox").exitCode, 1);
+  EXPECT_EQ(run("mailbox delete garbage --mailbox a.mailbox").exitCode, 1);
+  run("mailbox delete " + entry + " --mailbox a.mailbox");
+  run("mailbox delete " + entry + " --mailbox a.mailbox");
+  EXPECT_EQ(items().size(), 1U);
+}
+
+TEST_F(MailboxCommands, badComponentIsToldAndTheRestTaken) {
+  std::string bad = calendar;
+  bad.replace(bad.find("20261119T090000"), 15, "2026-whenever--");
+  run.home.write("in.ics", bad);
+  const ProgramResult result = run("mailbox import in.ics --mailbox a.mailbox");
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_NE(result.errors.find("in.ics:"), std::string::npos) << result.errors;
+  EXPECT_EQ(items().size(), 1U);
+}
+
+TEST_F(MailboxCommands, profileNamesAMailboxUntilItIsRemoved) {
+  EXPECT_EQ(run("profile add 'A & B' a.mailbox").exitCode, 0);
+  EXPECT_EQ(run("profile list").output, "A & B\t" + (run.home / "a.mailbox").string() + "\n");
+  EXPECT_TRUE(items("--profile 'A & B'").empty());
+  EXPECT_EQ(run("profile add 'back\\slash' c.mailbox").exitCode, 1);
+  EXPECT_FALSE(std::filesystem::exists(run.home / "c.mailbox"));
+  EXPECT_EQ(run("profile remove 'A & B'").exitCode, 0);
+  EXPECT_EQ(run("mailbox list --profile 'A & B'").exitCode, 1);
+  EXPECT_TRUE(std::filesystem::exists(run.home / "a.mailbox"));
+}
+
+TEST_F(MailboxCommands, demoNeverTouchesAMailboxThatIsThere) {
+  run.home.write("m", "precious");
+  EXPECT_EQ(run("new tasks.db --demo --mailbox m").exitCode, 1);
+  EXPECT_EQ(test::contentsOf(run.home / "m"), "precious");
+  EXPECT_FALSE(std::filesystem::exists(run.home / "tasks.db"));
+}
+
+}  // namespace
+}  // namespace tarnel
