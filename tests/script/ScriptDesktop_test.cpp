@@ -169,7 +169,7 @@ TEST_F(Script, whatAUserCannotReachIsRefused) {
 }
 
 TEST_F(Script, stateIsToldWhole) {
-  desktop.setSizes([] { return std::vector<float>{1, 0.5F}; });
+  desktop.setSizes([](const Form&) { return std::vector<float>{1, 0.5F}; });
   const auto lines = run("show\nlist smtActions\nsked 0\n");
   EXPECT_EQ(lines[0].dump(),
             R"({"buttons":{"DONE":true,"GHOST":false,"MENU":true,"OPT":true,"PICK":true},"date":"1899-12-30",)"

@@ -97,7 +97,7 @@ void ScriptDesktop::run(Form& form, const std::string& line) {
     }
     if (words->front() == "show") {
       reply["pointer"] = static_cast<int>(pointer_);
-      reply["meSizes"] = sizes_ ? sizes_() : std::vector<float>();
+      reply["meSizes"] = sizes_ ? sizes_(form) : std::vector<float>();
     }
     write(facts_, reply);
   } catch (const std::exception& error) {

@@ -23,8 +23,8 @@ class ScriptDesktop : public Desktop {
   // Both streams must outlive the desktop.
   ScriptDesktop(std::istream& commands, std::ostream& facts) : commands_(commands), facts_(facts) {}
 
-  // Where `show` takes its "meSizes" from, which no control holds. Without it they are empty.
-  void setSizes(std::function<std::vector<float>()> sizes) { sizes_ = std::move(sizes); }
+  // Where `show` takes a form's "meSizes" from, which no control holds. Without it they are empty.
+  void setSizes(std::function<std::vector<float>(const Form&)> sizes) { sizes_ = std::move(sizes); }
 
   // Facts that come from outside the forms: an event that the wizard raised towards its host, and the very last line,
   // whether the wizard came back without a failure.
@@ -47,7 +47,7 @@ class ScriptDesktop : public Desktop {
 
   std::istream& commands_;
   std::ostream& facts_;
-  std::function<std::vector<float>()> sizes_;
+  std::function<std::vector<float>(const Form&)> sizes_;
   std::deque<MessageAnswer> answers_;
   MousePointer pointer_ = MousePointer::standard;
 };
