@@ -7,6 +7,9 @@
 #include "SqliteProvider.h"
 #include "SystemClock.h"
 #include "frmOutWiz.h"
+#ifdef TARNEL_QT
+#include "PdfOutput.h"
+#endif
 #include "m_OutlookWizard.h"
 #ifdef TARNEL_QT
 #include "PictureDesktop.h"
@@ -66,6 +69,13 @@ void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, Tarnel
 std::unique_ptr<script::ScriptDesktop> Composition::scriptDesktop(std::istream& commands, std::ostream& facts) {
   auto desktop = std::make_unique<script::ScriptDesktop>(commands, facts);
   desktop->setSizes(sizesOf);
+#ifdef TARNEL_QT
+  desktop->setDocuments(std::make_shared<qt::PdfOutput>(
+      std::filesystem::current_path(),
+      [told = desktop.get()](const std::string& operation, const std::filesystem::path& file) {
+        told->tellEvent(operation, {{"file", file.string()}});
+      }));
+#endif
   return desktop;
 }
 

@@ -5,6 +5,8 @@
 
 #include "CommandWords.h"
 #include "FormCommands.h"
+#include "FormControls.h"
+#include "SpellEditor.h"
 
 namespace tarnel::script {
 namespace {
@@ -72,6 +74,7 @@ void ScriptDesktop::report(const FailureReport& report) {
 
 void ScriptDesktop::runModal(Form& form) {
   Form* const shown = &form;
+  if (auto* editor = firstControl<SpellEditor>(form)) editor->setOutput(documents_);
   std::string line;
   while (isShown(shown)) {
     if (std::getline(commands_, line)) {

@@ -3,12 +3,17 @@
 #include <deque>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "Desktop.h"
 #include "Variant.h"
+
+namespace tarnel {
+class DocumentOutput;
+}
 
 namespace tarnel::script {
 
@@ -25,6 +30,9 @@ class ScriptDesktop : public Desktop {
 
   // Where `show` takes a form's "meSizes" from, which no control holds. Without it they are empty.
   void setSizes(std::function<std::vector<float>(const Form&)> sizes) { sizes_ = std::move(sizes); }
+
+  // Where forms print and preview. Without it they can't.
+  void setDocuments(std::shared_ptr<DocumentOutput> documents) { documents_ = std::move(documents); }
 
   // Facts that come from outside the forms: an event that the wizard raised towards its host, and the very last line,
   // whether the wizard came back without a failure.
@@ -48,6 +56,7 @@ class ScriptDesktop : public Desktop {
   std::istream& commands_;
   std::ostream& facts_;
   std::function<std::vector<float>(const Form&)> sizes_;
+  std::shared_ptr<DocumentOutput> documents_;
   std::deque<MessageAnswer> answers_;
   MousePointer pointer_ = MousePointer::standard;
 };
