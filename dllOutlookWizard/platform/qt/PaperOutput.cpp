@@ -56,8 +56,11 @@ void PaperOutput::preview(const Document& document) {
   if (!printer.isValid() || printer.printerName().isEmpty()) printer.setPageSize(usualPaper());
   QPrintPreviewDialog dialog(&printer, window());
   dialog.setWindowTitle(QObject::tr("Print Preview"));
+  // The window asks again for each new paper; it must not be covered by a bar each time.
+  Document quiet = document;
+  quiet.progress = nullptr;
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [&document](QPrinter* paper) { paintOnPaper(document, *paper); });
+                   [&quiet](QPrinter* paper) { paintOnPaper(quiet, *paper); });
   dialog.resize(previewSize);
   dialog.exec();
 }
