@@ -14,16 +14,17 @@ namespace tarnel::qt {
 namespace {
 
 constexpr int gap = 2;
-constexpr int edge = 4;
-constexpr int separatorWidth = 6;
+constexpr int edge = 3;
+constexpr int separatorWidth = 5;
 constexpr int overflowWidth = 24;
 constexpr int dropDownWidth = 130;
 constexpr int tallestButton = 26;
 
-// For bars on which little is missing.
-QFont narrowFont() {
+constexpr int mostPixelsOff = 2;  // of the font's size, before a caption goes into the menu
+
+QFont smallerFont(int pixelsOff) {
   QFont font = formFont();
-  font.setPixelSize(font.pixelSize() - 1);
+  font.setPixelSize(font.pixelSize() - pixelsOff);
   return font;
 }
 
@@ -109,11 +110,17 @@ void BarView::useFont(const QFont& font) {
   for (const Place& place : places_) place.widget->setFont(font);
 }
 
+int BarView::fittingPadding() {
+  for (int pixelsOff = 0; pixelsOff <= mostPixelsOff; ++pixelsOff) {
+    useFont(smallerFont(pixelsOff));
+    for (int padding = BarButton::widestPadding; padding >= BarButton::narrowestPadding; --padding)
+      if (widthOfAll(padding) <= width()) return padding;
+  }
+  return BarButton::narrowestPadding;
+}
+
 void BarView::arrange() {
-  useFont(formFont());
-  int padding = BarButton::widestPadding;
-  while (padding > BarButton::narrowestPadding && widthOfAll(padding) > width()) --padding;
-  if (widthOfAll(padding) > width()) useFont(narrowFont());
+  const int padding = fittingPadding();
   const bool allFit = widthOfAll(padding) <= width();
   const int end = width() - edge - (allFit ? 0 : overflowWidth);
   const int high = std::min(height() - 2, tallestButton);

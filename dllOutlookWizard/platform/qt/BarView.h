@@ -27,6 +27,8 @@ class BarView : public ItemsPanel {
   int widthOf(const Place& place, int padding) const;
   int widthOfAll(int padding) const;
   void useFont(const QFont& font);
+  // Leaves the buttons with the widest font and padding with which all fit, else with the narrowest.
+  int fittingPadding();
   void arrange();
   void fillOverflow();
 

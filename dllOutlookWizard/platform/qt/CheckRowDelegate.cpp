@@ -67,8 +67,10 @@ void CheckRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const QColor text = option.palette.color(QPalette::Text);
   const QColor ink = contrast(ground, text) >= 4.5 ? text : readableOn(ground);
   painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
+  // Smoothed edges would leave seams between the rows where the screen's scale is no whole number.
+  painter->setRenderHint(QPainter::Antialiasing, false);
   painter->fillRect(option.rect, ground);
+  painter->setRenderHint(QPainter::Antialiasing);
   const QVariant check = index.data(Qt::CheckStateRole);
   if (check.isValid()) paintBox(*painter, parts.box, check.toInt() == Qt::Checked, accentColor(option.palette), ground);
   paintPicture(*painter, parts.picture, index.data(ItemsModel::pictureRole).toString().toStdString());

@@ -10,8 +10,7 @@
 
 namespace tarnel::qt {
 namespace {
-constexpr int editWidth = 90;  // pixels
-constexpr int stepWidth = 17;
+constexpr int stepWidth = 14;  // pixels
 constexpr int todayWidth = 40;
 constexpr int gap = 2;
 }  // namespace
@@ -21,6 +20,7 @@ DropDateView::DropDateView(ctDropDate& control, ViewSite& site, QWidget* parent)
   edit_->setCalendarPopup(true);
   edit_->setKeyboardTracking(false);
   edit_->setFont(formFont());
+  edit_->setDisplayFormat(numericDateFormat());
   edit_->setAccessibleName(text(control.accessibleName()));
   before_ = addButton(QStringLiteral("\u2039"), tr("Day before"));
   today_ = addButton(tr("Today"), tr("Today"));
@@ -52,7 +52,7 @@ void DropDateView::showState() {
 }
 
 void DropDateView::resizeEvent(QResizeEvent*) {
-  int left = std::min(width(), editWidth);
+  int left = std::min(width(), edit_->sizeHint().width());
   edit_->setGeometry(0, 0, left, height());
   for (QPushButton* button : {before_, today_, after_}) {
     const int wide = button == today_ ? todayWidth : stepWidth;

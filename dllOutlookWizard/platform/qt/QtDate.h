@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QString>
 #include <QTime>
 #include <algorithm>
@@ -21,6 +22,14 @@ inline Date toDate(const QDate& date) { return Date::of(date.year(), date.month(
 inline QTime toQTime(int minute) {
   const int inside = std::clamp(minute, 0, 1439);
   return {inside / 60, inside % 60};
+}
+
+// The user's short form in digits, with the whole year; where no country is known, month first as everywhere else.
+inline QString numericDateFormat() {
+  QString format = QLocale().dateFormat(QLocale::ShortFormat);
+  if (QLocale().language() == QLocale::C) format = QStringLiteral("MM/dd/yyyy");
+  format.replace(QRegularExpression(QStringLiteral("M{3,}")), QStringLiteral("MM"));
+  return format.replace(QRegularExpression(QStringLiteral("y+")), QStringLiteral("yyyy"));
 }
 
 // In the user's short form, never with seconds.
