@@ -21,7 +21,11 @@ bool SettingsTab::SetupForProfiles() {
       showProfiles(names);
     } else {
       profile.SubItems().Add(0, "NONE", "Outlook Default", ItemType::dropDownEntry);
-      profile.setValue("Outlook Default");
+      // Where the stored profile has gone, the default takes its place, as if the user had chosen it.
+      if (profileIsChosen())
+        profile.setValue("Outlook Default");
+      else
+        showProfile("Outlook Default");
     }
     showProfileItems(smtSettings.Items());
     done = true;
@@ -34,10 +38,14 @@ void SettingsTab::showProfiles(const std::vector<std::string>& names) {
     const std::string shown = ZapAmps(name);
     profile.SubItems().Add(0, shown, shown, ItemType::dropDownEntry);
   }
-  // Showing a profile is not choosing it.
-  form_.formLoading = true;
   if (!profileIsChosen() && names.empty()) failSubscript();
-  profile.setValue(profileIsChosen() ? session().theOutlookProfile : names.back());
+  showProfile(profileIsChosen() ? session().theOutlookProfile : names.back());
+}
+
+// Showing a profile is not choosing it: the tabs stay unlocked.
+void SettingsTab::showProfile(const std::string& caption) {
+  form_.formLoading = true;
+  smtSettings.Items().Item(settingsKey::profile).setValue(caption);
   form_.formLoading = false;
 }
 

@@ -90,8 +90,8 @@ void SettingsTab::offerProjects() {
   for (std::size_t i = 0; i < state.theProjectKeys.size(); ++i)
     if (state.theProjectKeys[i] != state.theOutlookProjectKey)
       choice.SubItems().Add(0, state.theProjectKeys[i], state.theProjectNames[i], ItemType::dropDownEntry);
-  if (state.theProjectNames.empty()) failSubscript();
-  choice.setValue(state.theProjectNames.front());
+  // Without any project there is nothing to offer; looking at the mode must not end the wizard.
+  if (!state.theProjectNames.empty()) choice.setValue(state.theProjectNames.front());
 }
 
 void SettingsTab::withdrawProjects() {

@@ -63,6 +63,7 @@ class SettingsTab {
   void withdrawProjects();
   Project chosenProject();
   void showProfiles(const std::vector<std::string>& names);
+  void showProfile(const std::string& caption);
   void carryOut(const Transition& transition);
   bool turnOutlookOn();
 

@@ -58,12 +58,20 @@ TEST_F(OutlookProfilesTest, aChosenOneCountsAtOnceLocksAndIsNotTakenBack) {
 }
 
 TEST_F(OutlookProfilesTest, withoutTheKeyOutlooksDefaultIsShown) {
+  session().theOutlookProfile.clear();
+  tab_.SetupForProfiles();
+  EXPECT_EQ(shown(), "NONE=Outlook Default; Outlook Default");
+  EXPECT_EQ(session().theOutlookProfile, "");
+  EXPECT_EQ(happened(), "");
+  EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(OutlookProfilesTest, outlooksDefaultTakesThePlaceOfAStoredProfileThatHasGone) {
+  session().theOutlookProfile = "Gone";
   tab_.SetupForProfiles();
   EXPECT_EQ(shown(), "NONE=Outlook Default; Outlook Default");
   EXPECT_EQ(session().theOutlookProfile, "NONE");
-  EXPECT_EQ(happened(), "lock ");  // a stored profile has gone, which only "UPDATE" tells the host
-  tab_.SetupForProfiles();
-  EXPECT_EQ(happened(), "");
+  EXPECT_EQ(happened(), "lock ");  // only "UPDATE" tells the host
   EXPECT_TRUE(reports().empty());
 }
 
