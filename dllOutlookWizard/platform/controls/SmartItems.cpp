@@ -27,9 +27,11 @@ void SmartItem::setToolTipText(std::string text) { change(toolTipText_, std::mov
 void SmartItem::setHighlighted(bool highlighted) { change(highlighted_, highlighted, Property::highlighted); }
 void SmartItem::setBackColor(Color color) { change(backColor_, color, Property::backColor); }
 
+void SmartItem::putValue(Variant value) { change(value_, std::move(value), Property::value); }
+
 void SmartItem::setValue(Variant value) {
   if (value == value_) return;
-  change(value_, std::move(value), Property::value);
+  putValue(std::move(value));
   owner_.control_.Change(*this, "Value");
 }
 

@@ -84,6 +84,8 @@ class SmartItem {
   friend class SmartUI;
   template <class T>
   void change(T& field, T next, Property property);
+  // The value alone, without the control's Change.
+  void putValue(Variant value);
 
   SmartItems& owner_;
   std::string key_;

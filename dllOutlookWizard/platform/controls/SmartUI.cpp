@@ -40,8 +40,11 @@ void SmartUI::choose(SmartItem& dropDown, SmartItem& entry) {
   if (entry.Type() == ItemType::group || entry.Type() == ItemType::separator) return;
   const Variant before = dropDown.Value();
   const bool lasting = entry.Type() != ItemType::checkRow;
-  dropDown.setValue(entry.Caption());
-  if (!lasting) dropDown.change(dropDown.value_, before, SmartItem::Property::value);
+  if (before == Variant(entry.Caption()))
+    Change(dropDown, "Value");  // shown is not chosen: the user's act counts all the same
+  else
+    dropDown.setValue(entry.Caption());
+  if (!lasting) dropDown.putValue(before);
 }
 
 }  // namespace tarnel

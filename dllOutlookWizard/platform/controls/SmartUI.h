@@ -29,7 +29,8 @@ class SmartUI : public Control {
   // What a user does. Nothing happens on what can't be seen or pressed.
   // Presses a button, menu entry or toggle; toggles a check row or box; checks an option. Raises Click behind that.
   void press(SmartItem& item);
-  // Chooses an entry of a drop-down: its caption becomes the Value, which raises Change. A check entry is no lasting
+  // Chooses an entry of a drop-down: its caption becomes the Value. Raises Change, also where it
+  // was shown before. A check entry is no lasting
   // choice: behind the Change the Value is what it was before.
   void choose(SmartItem& dropDown, SmartItem& entry);
 
