@@ -72,7 +72,7 @@ class CommandLine {
     if (demo_)
       newDemo(file_, options_.mailbox.value_or(defaultMailbox()), SystemClock());
     else
-      newDatabase(file_);
+      newDatabase(file_, options_.mailbox.value_or(defaultMailbox()));
     std::cout << "Made " << file_.string() << std::endl;
     return true;
   }
@@ -138,8 +138,14 @@ class CommandLine {
                        "How help topics are printed: NAME=VALUE entries, each ended by a tab");
   }
 
+  // A mailbox that was named must be there; the user's own comes into being with its first use.
+  Composition wizardParts() {
+    if (!options_.mailbox) makeSureOfMailbox(defaultMailbox());
+    return hostParts(options_.mailbox);
+  }
+
   bool drive() {
-    Composition parts = hostParts(options_.mailbox);
+    Composition parts = wizardParts();
     const auto desktop = Composition::scriptDesktop(std::cin, std::cout);
     const bool good = runWizard(parts, *desktop, options_, [&](const std::string& name, const EventArguments& values) {
       desktop->tellEvent(name, values);
@@ -149,13 +155,13 @@ class CommandLine {
   }
 
   bool openWindow() {
-    Composition parts = hostParts(options_.mailbox);
+    Composition parts = wizardParts();
     const auto desktop = Composition::windowDesktop(argc_, argv_);
     return runWizard(parts, *desktop, options_, sayEvent);
   }
 
   bool savePictures() {
-    Composition parts = hostParts(options_.mailbox);
+    Composition parts = wizardParts();
     const auto desktop = Composition::pictureDesktop(argc_, argv_, pictures_, std::cout);
     return runWizard(parts, *desktop, options_, sayEvent);
   }

@@ -7,6 +7,7 @@
 #include "Folders.h"
 #include "IcsReader.h"
 #include "MailboxFile.h"
+#include "SqlText.h"
 #include "TaskDatabaseScript.h"
 #include "createDatabase.h"
 
@@ -59,7 +60,17 @@ class DraftMailbox {
 
 fs::path defaultDatabase() { return folders::data() / "TarnelData.db"; }
 
-void newDatabase(const fs::path& file) { sqlite::createDatabase(readyPath(file), taskDatabaseScript()); }
+void makeSureOfMailbox(const fs::path& mailboxFile) {
+  const fs::path path = readyPath(mailboxFile);
+  if (!fs::exists(fs::symlink_status(path))) mailbox::createMailbox(path);
+}
+
+void newDatabase(const fs::path& file, const fs::path& mailboxFile) {
+  sqlite::createDatabase(readyPath(file), taskDatabaseScript() +
+                                              "INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" +
+                                              sqlText(GetANewGuid()) + ", 'My Tasks');\n");
+  makeSureOfMailbox(mailboxFile);
+}
 
 void newDemo(const fs::path& file, const fs::path& mailboxFile, const Clock& clock) {
   const fs::path database = readyPath(file);

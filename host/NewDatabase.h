@@ -10,9 +10,13 @@ namespace tarnel::host {
 // Where a user's task database is when none is named.
 std::filesystem::path defaultDatabase();
 
-// Creates an empty task database. Missing folders on the way are made. Failure when the file is there already or can't
-// be written; nothing is left half-written.
-void newDatabase(const std::filesystem::path& file);
+// Creates a task database without tasks and with one project to begin with, and the mailbox unless one is there.
+// Missing folders on the way are made. Failure when the database is there already or a file can't be written; nothing
+// is left half-written.
+void newDatabase(const std::filesystem::path& file, const std::filesystem::path& mailboxFile);
+
+// Creates an empty mailbox unless something of that name is there.
+void makeSureOfMailbox(const std::filesystem::path& mailboxFile);
 
 // The same with data to try the program on, around the present day, and the mailbox that goes with it: some of the
 // tasks and appointments are linked. Failure when one of the two is there already; neither is made then.
