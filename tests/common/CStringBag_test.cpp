@@ -58,9 +58,9 @@ TEST(CStringBag, aTabInsideAValueCutsIt) {
 
 TEST(CStringBag, anEntryWithoutItsTabFailsEveryOperation) {
   CStringBag bag("IMP=3");
-  for (const auto& operation : {std::function<void()>([&] { bag.ReadItem("IMP"); }),
-                                std::function<void()>([&] { bag.RemoveItem("IMP"); }),
-                                std::function<void()>([&] { bag.WriteItem("IMP", "4"); })}) {
+  for (const auto& operation :
+       {std::function<void()>([&] { bag.ReadItem("IMP"); }), std::function<void()>([&] { bag.RemoveItem("IMP"); }),
+        std::function<void()>([&] { bag.WriteItem("IMP", "4"); })}) {
     try {
       operation();
       FAIL() << "no failure";
