@@ -1,8 +1,8 @@
 # Sourced by the scripts of this project: installs the Debian packages that are missing, and nothing else.
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libical-dev libcli11-dev nlohmann-json3-dev
-  libgtest-dev)
-show_packages=(jq)
+  libgtest-dev pkg-config)
+show_packages=(jq fonts-noto-core)
 test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format)
 
 install_missing() {
