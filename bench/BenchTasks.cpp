@@ -30,26 +30,20 @@ std::string fill(std::int64_t count) {
          "i % 30, i * 7919 % 1000, 0, 0, NULL, '2026-01-02 10:00:00', '2026-03-04 11:15:00', i, i, i FROM n;";
 }
 
+int made = 0;
+
 }  // namespace
 
-const std::string listStatement =
-    "SELECT Tasks.tskDesc, Tasks.tskStatus, Tasks.tskProject, Tasks.tskProjectKey, Tasks.tskDeadline, "
-    "Tasks.tskCurrent,  Tasks.tskGUIDID, Tasks.tskImp, Tasks.tskTimeScheduled, Tasks.tskHasChecklist, "
-    "Tasks.tskHasNotes, Tasks.tskPossPoints, Tasks.tskHasSchedule, Tasks.tskDifficulty, Tasks.tskTimeNeeded, "
-    "Tasks.tskTimeSpent,Tasks.tskOUTEntityID, Tasks.tskDoneDate, Tasks.tskLastMod, Tasks.tskCreatedDate, "
-    "Tasks.tskNotes, Tasks.tskStatus, Tasks.tskCustSortTarnel, Tasks.tskCustSortCur, Tasks.tskCustSortProj from TASKS  "
-    "WHERE Tasks.tskCurrent = TRUE  AND tskStatus <> 0  ORDER BY Tasks.tskPossPoints DESC";
-
 BenchTasks& BenchTasks::of(std::int64_t count) {
-  static std::map<std::int64_t, std::unique_ptr<BenchTasks>> made;
-  std::unique_ptr<BenchTasks>& tasks = made[count];
+  static std::map<std::int64_t, std::unique_ptr<BenchTasks>> kept;
+  std::unique_ptr<BenchTasks>& tasks = kept[count];
   if (!tasks) tasks = std::make_unique<BenchTasks>(count);
   return *tasks;
 }
 
 BenchTasks::BenchTasks(std::int64_t count)
     : path_(std::filesystem::temp_directory_path() /
-            ("tarnel-bench-" + std::to_string(getpid()) + "-" + std::to_string(count) + ".db")) {
+            ("tarnel-bench-" + std::to_string(getpid()) + "-" + std::to_string(++made) + ".db")) {
   sqlite::createDatabase(path_, schema + fill(count));
 }
 
@@ -59,8 +53,7 @@ BenchTasks::~BenchTasks() {
 }
 
 void BenchTasks::open(ado::Recordset& rows, const std::string& statement) {
-  rows.Open(provider_, statement, "Data Source=" + path_.string() + ";", ado::CursorType::dynamic,
-            ado::LockType::batchOptimistic);
+  rows.Open(provider_, statement, connect(), ado::CursorType::dynamic, ado::LockType::batchOptimistic);
 }
 
 std::string BenchTasks::key(std::int64_t task) {

@@ -9,12 +9,15 @@
 
 namespace tarnel::bench {
 
-// A database of `count` life-like tasks, all current, made once for each count and kept until the program ends.
+// A database of `count` life-like tasks, all current and open.
 class BenchTasks {
  public:
+  // Made once for each count and kept until the program ends.
   static BenchTasks& of(std::int64_t count);
 
   const std::filesystem::path& path() const { return path_; }
+  std::string connect() const { return "Data Source=" + path_.string() + ";"; }
+  sqlite::SqliteProvider& provider() { return provider_; }
   void open(ado::Recordset& rows, const std::string& statement);
   static std::string key(std::int64_t task);
 
@@ -27,8 +30,5 @@ class BenchTasks {
   std::filesystem::path path_;
   sqlite::SqliteProvider provider_;
 };
-
-// What the Tarnel list reads, by points.
-extern const std::string listStatement;
 
 }  // namespace tarnel::bench
