@@ -11,7 +11,8 @@ namespace tarnel::qt {
 class BarButton : public QPushButton {
  public:
   static constexpr int widestPadding = 9;  // pixels at each side of the caption
-  static constexpr int narrowestPadding = 3;
+  static constexpr int narrowPadding = 3;
+  static constexpr int narrowestPadding = 2;  // where even the smallest font does not fit otherwise
 
   BarButton(SmartUI& control, SmartItem& item, ViewSite& site, QWidget* parent);
 

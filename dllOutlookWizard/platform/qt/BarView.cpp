@@ -113,7 +113,7 @@ void BarView::useFont(const QFont& font) {
 int BarView::fittingPadding() {
   for (int pixelsOff = 0; pixelsOff <= mostPixelsOff; ++pixelsOff) {
     useFont(smallerFont(pixelsOff));
-    for (int padding = BarButton::widestPadding; padding >= BarButton::narrowestPadding; --padding)
+    for (int padding = BarButton::widestPadding; padding >= BarButton::narrowPadding; --padding)
       if (widthOfAll(padding) <= width()) return padding;
   }
   return BarButton::narrowestPadding;

@@ -85,8 +85,9 @@ void DayScheduleView::paintHead(QPainter& painter) const {
 
 void DayScheduleView::paintNow(QPainter& painter) const {
   if (!isToday(control_.ShowDate())) return;
-  const int y =
-      headHeight() - verticalScrollBar()->value() + layout_.at(QTime::currentTime().msecsSinceStartOfDay() / 60000);
+  const int now = layout_.at(QTime::currentTime().msecsSinceStartOfDay() / 60000);
+  if (now < 0 || now > layout_.height()) return;
+  const int y = headHeight() - verticalScrollBar()->value() + now;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(nowColor);

@@ -17,6 +17,7 @@ namespace tarnel::qt {
 namespace {
 
 constexpr int visibleEntries = 18;
+constexpr int narrowestBox = 70;  // pixels
 constexpr int widestPopup = 420;  // pixels
 constexpr int besideText = 48;    // check mark, margins and scroll bar
 
@@ -44,7 +45,7 @@ DropDown::DropDown(SmartUI& control, SmartItem& item, ViewSite& site, QWidget* p
   setItemDelegate(new QStyledItemDelegate(this));
   setFont(formFont());
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-  setMinimumContentsLength(6);
+  setMinimumWidth(narrowestBox);  // else a long value would push the box out of a narrow pane
   setMaxVisibleItems(visibleEntries);
   setFocusPolicy(Qt::StrongFocus);
   setModel(entries_);

@@ -37,6 +37,7 @@ void TabsView::showState() {
 
 void TabsView::chosen(int index) {
   if (index < 0) return;
+  setFocus(Qt::TabFocusReason);  // before what has it is hidden
   site_.act([this, index] { control_.switchTo(static_cast<std::size_t>(index)); });
   showState();
 }
