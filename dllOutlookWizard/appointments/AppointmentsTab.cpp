@@ -37,6 +37,9 @@ AppointmentsTab::AppointmentsTab(FormState& form)
       outlookResizer_("SSResizer1", 4) {
   panel.setVisible(false);
   ctDeadline_.setToolTipText("Select the Date to display");
+  ctDeadline_.setAccessibleName("Date to Show");
+  schedules.tarnelSide.setAccessibleName("Task Appointments in Tarnel");
+  schedules.outlookSide.setAccessibleName("Appointments in Microsoft Outlook");
   makeActions(tarnelActions_);
   makeActions(outlookActions_);
   makeTimeBarItems(smtTimebarSizer_);

@@ -42,6 +42,8 @@ TasksTab::TasksTab(FormState& form)
               {"Mark as completed", "Delete selected Tasks", "Copy or updated selected tasks to Microsoft Outlook."});
   makeActions(outlookActions_, {"Mark Tasks as done in Outlook", "Delete selected Tasks from Outlook",
                                 "Copy/Update selected tasks to a Tarnel Project"});
+  lists.tarnelList.setAccessibleName("Tasks in Tarnel");
+  lists.outlookList.setAccessibleName("Tasks in Microsoft Outlook");
   splitTasks.setContainer(panel);
   for (Control* control :
        std::initializer_list<Control*>{&tarnelCaption_, &lists.smtSkedPickTasks, &lists.tarnelList, &tarnelActions_})

@@ -48,6 +48,7 @@ void frmOutWiz::makeControls() {
   add("CANCEL", "C&ancel", "Cancel change(s) to Settings").setVisible(false);
   add("UPDATE", "&Update", "Apply Setting change(s) and close Wizard").setVisible(false);
   tasks_.panel.setVisible(false);
+  tabWiz_.setAccessibleName("Parts of the Outlook Wizard");
 
   const auto addAll = [this](const std::vector<Control*>& controls) {
     for (Control* control : controls) addControl(*control);
