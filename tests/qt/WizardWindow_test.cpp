@@ -1,0 +1,249 @@
+#include <QAccessible>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <set>
+
+#include "CheckListView.h"
+#include "DayScheduleView.h"
+#include "RunningWizard.h"
+#include "SplitterView.h"
+#include "TabsView.h"
+#include "Twips.h"
+
+namespace tarnel::qt {
+namespace {
+
+using WizardWindow = RunningWizard;
+
+Qt::CheckState checkOf(const CheckListView& list, int row) {
+  return static_cast<Qt::CheckState>(list.model()->index(row, 0).data(Qt::CheckStateRole).toInt());
+}
+
+QString captions(const CheckListView& list) {
+  QString all;
+  for (int row = 0; row < list.model()->rowCount(); ++row) all += list.model()->index(row, 0).data().toString() + u'|';
+  return all;
+}
+
+// Behind the caption: the whole row answers.
+void clickRow(CheckListView& list, int row) {
+  const QRect place = list.visualRect(list.model()->index(row, 0));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(place.right() - 5, place.center().y()));
+}
+
+TEST_F(WizardWindow, checkedTaskIsCopiedAndStandsOnBothSides) {
+  addTask("T1", "Pay the rent");
+  addTask("T2", "Water the plants");
+  run([&] {
+    auto& tarnel = view<CheckListView>("smtTaskList(0)");
+    clickRow(tarnel, 1);
+    EXPECT_EQ(checkOf(tarnel, 0), Qt::Unchecked);
+    EXPECT_EQ(checkOf(tarnel, 1), Qt::Checked);
+    const QString chosen = tarnel.model()->index(1, 0).data().toString();
+    onceShown<QMessageBox>([](QMessageBox& box) { box.accept(); });
+    press("smtTaskActions(0)", "Copy/Update");
+    QApplication::processEvents();
+    EXPECT_EQ(captions(view<CheckListView>("smtTaskList(1)")), chosen + u'|');
+    EXPECT_EQ(outlookItems(), "Tasks: " + chosen.toStdString() + "|");
+  });
+  EXPECT_EQ(items().at(0).userProperties.at(0).second,
+            stored("SELECT tskGUIDID FROM TASKS WHERE tskOUTEntityID IS NOT NULL").substr(0, 2));
+}
+
+TEST_F(WizardWindow, refusedDeletionLeavesTheItemAndConfirmedTakesIt) {
+  addTask("T1", "Pay the rent");
+  run([&] {
+    auto& outlook = view<CheckListView>("smtTaskList(1)");
+    press("smtTaskActions(0)", "All");
+    onceShown<QMessageBox>([](QMessageBox& box) { box.accept(); });
+    press("smtTaskActions(0)", "Copy/Update");
+    QApplication::processEvents();
+    clickRow(outlook, 0);
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+      answerNext(key);
+      press("smtTaskActions(1)", "Delete");
+      EXPECT_EQ(outlookItems(), key == Qt::Key_Escape ? "Tasks: Pay the rent|" : "Deleted Items: Pay the rent|");
+    }
+    QApplication::processEvents();
+    EXPECT_EQ(captions(outlook), "");
+  });
+  EXPECT_TRUE(said_.contains("deleted from Outlook but not from Tarnel")) << said_.toStdString();
+  EXPECT_EQ(stored("SELECT tskDesc FROM TASKS"), "Pay the rent|");
+}
+
+TEST_F(WizardWindow, keyboardAloneReachesRowsTabsAndDropDowns) {
+  addTask("T1", "Pay the rent");
+  execute("UPDATE TASKS SET tskProjectKey = 'P1', tskProject = 'Zoo'");
+  addTask("T2", "Water the plants");
+  execute("INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES ('P1', 'Zoo')");
+  run([&] {
+    auto& list = view<CheckListView>("smtTaskList(0)");
+    list.setFocus();
+    type(Qt::Key_Home);
+    type(Qt::Key_Down);
+    type(Qt::Key_Space);
+    EXPECT_EQ(checkOf(list, 1), Qt::Checked);
+    type(Qt::Key_Space);
+    EXPECT_EQ(checkOf(list, 1), Qt::Unchecked);
+
+    type(Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(view("picWiz(0)").isVisible());
+    EXPECT_FALSE(view("picWiz(1)").isVisible());
+    EXPECT_TRUE(view("tabWiz").hasFocus()) << "what had the focus is hidden now";
+    type(Qt::Key_T, Qt::AltModifier);
+
+    auto& picker = *view("smtSkedPickTasks").findChild<QComboBox*>();
+    picker.setFocus();
+    QTest::keyClick(&picker, Qt::Key_Z);
+    QTest::keyClick(picker.view(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(picker.currentText(), "Zoo");
+    EXPECT_EQ(captions(list), "Pay the rent|");
+  });
+}
+
+TEST_F(WizardWindow, sizeAndSplitterAreKeptByDoneAndByNothingElse) {
+  const auto layout = [this] {
+    return stored(
+        "SELECT SetSettingValue FROM Settings WHERE SetSettingSection = 'OutWizard' ORDER BY setSettingDisplayOrd");
+  };
+  const auto change = [this] {
+    window_->move(100, 40);
+    window_->resize(700, 500);
+    SplitterBar& bar = view<SplitterView>("splitTasks").bar();
+    QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(1, 50));
+    QTest::mouseMove(&bar, QPoint(-60, 50));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, QPoint(-60, 50));
+    EXPECT_LT(view("smtTaskList(0)").width(), view("smtTaskList(1)").width() - 100);
+    EXPECT_EQ(view("smtTaskActions(1)").geometry().bottom() + 1, view("paneAppt(3)").height());
+  };
+  run([&] {});
+  EXPECT_EQ(closeEvents_, 0);
+  const std::string first = layout();
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+    run([&] {
+      change();
+      type(key);
+    });
+    EXPECT_EQ(layout(), first);
+  }
+  EXPECT_EQ(closeEvents_, 2);
+  run(change);
+  EXPECT_EQ(layout(), first);
+  run([&] {
+    change();
+    press("smtActions", "&Done");
+  });
+  EXPECT_EQ(closeEvents_, 3);
+  EXPECT_EQ(layout().substr(0, 21), "1500|600|10600|7960|0");
+  run([&] {
+    EXPECT_EQ(window_->pos(), QPoint(100, 40));
+    EXPECT_EQ(window_->size(), QSize(700, 500));
+    EXPECT_LT(view("smtTaskList(0)").width(), view("smtTaskList(1)").width() - 100);
+  });
+}
+
+TEST_F(WizardWindow, clickedAppointmentIsMarkedAndCopied) {
+  execute(
+      "INSERT INTO TASKAPPTS (taGUIDID, taTaskGUIDID, taTaskDesc, taStartTime, taEndTime) VALUES "
+      "('A1', 'T1', 'Dentist', #11/19/2026 09:00:00#, #11/19/2026 10:00:00#)");
+  run(
+      [&] {
+        auto& day = view<DayScheduleView>("ctDaySked(0)");
+        const auto click = [&day] {
+          QTest::mouseClick(day.viewport(), Qt::LeftButton, {}, day.placeOf(1).center());
+          QApplication::processEvents();
+          return day.viewport()->grab(day.placeOf(1)).toImage();
+        };
+        day.setFocus();
+        const QImage unmarked = day.viewport()->grab(day.placeOf(1)).toImage();
+        EXPECT_NE(click(), unmarked);
+        EXPECT_EQ(click(), unmarked);
+        click();
+        answerNext(Qt::Key_Return);
+        press("smtApptActions(0)", "Copy/Update");
+        QApplication::processEvents();
+        EXPECT_FALSE(view<DayScheduleView>("ctDaySked(1)").placeOf(1).isNull());
+      },
+      true);
+  EXPECT_EQ(outlookItems(), "Calendar: Dentist|");
+}
+
+TEST_F(WizardWindow, aChangedSettingLocksTheOtherTabsUntilItIsCancelled) {
+  run([&] {
+    auto& tabs = view<TabsView>("tabWiz");
+    tabs.setFocus();
+    type(Qt::Key_Right);
+    type(Qt::Key_Right);
+    ASSERT_TRUE(view("smtSettings").isVisible());
+    for (auto* option : view("smtSettings").findChildren<QAbstractButton*>())
+      if (!option->isChecked() && option->isVisible()) {
+        option->click();
+        break;
+      }
+    EXPECT_FALSE(tabs.isTabEnabled(0));
+    EXPECT_FALSE(button("smtActions", "&Done").isVisible());
+    press("smtActions", "C&ancel");
+    QApplication::processEvents();
+    EXPECT_TRUE(tabs.isTabEnabled(0));
+    EXPECT_TRUE(button("smtActions", "&Done").isVisible());
+  });
+}
+
+TEST_F(WizardWindow, tabGoesAroundAllThatCanBeSeenAsTheEyeDoesAndEachHasAName) {
+  addTask("T1", "Pay the rent");
+  for (const bool appointments : {false, true})
+    run(
+        [&] {
+          std::set<QWidget*> reached;
+          QPoint last;
+          view("tabWiz").setFocus();
+          // A date box keeps the focus for each of its parts.
+          for (int presses = 0; presses < 60; ++presses) {
+            QWidget* at = QApplication::focusWidget();
+            if (presses > 0 && at == &view("tabWiz")) break;
+            reached.insert(at);
+            const QString name = QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name);
+            EXPECT_FALSE(name.isEmpty() || name.startsWith("smt") || name.startsWith("ct")) << name.toStdString();
+            // Downwards on the left side, then on the right one, then the buttons below both.
+            const QPoint place = at->mapTo(window_, QPoint(0, 0));
+            const bool isBar = at->cursor().shape() == Qt::SplitHCursor;
+            const bool samePane = (place.x() < window_->width() / 2) == (last.x() < window_->width() / 2);
+            if (!isBar && samePane) {
+              EXPECT_GE(place.y() + 3, last.y()) << name.toStdString();
+            }
+            if (!isBar) last = place;
+            type(Qt::Key_Tab);
+          }
+          std::set<QWidget*> wanted;
+          for (auto* widget : window_->findChildren<QWidget*>())
+            if (widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy() &&
+                !qobject_cast<QAbstractButton*>(widget))
+              wanted.insert(widget);
+          for (QWidget* widget : wanted) {
+            if (widget->inherits("QLineEdit")) continue;  // stands for its date box
+            EXPECT_TRUE(reached.contains(widget)) << widget->metaObject()->className();
+          }
+          EXPECT_TRUE(reached.contains(&button("smtActions", "&Done")));
+        },
+        appointments);
+}
+
+TEST_F(WizardWindow, allCommandsAndTheWholeDateAreSeenAtTheFirstSize) {
+  run([&] {
+    EXPECT_EQ(window_->width(), pixels(8400 - Form::frameWidth));
+    for (const char* bar : {"smtTaskActions(0)", "smtTaskActions(1)"})
+      for (const char* caption : {"All", "None", "Mark as Done", "Delete", "Copy/Update"})
+        EXPECT_TRUE(button(bar, caption).isVisible()) << bar << caption;
+    type(Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(view("picWiz(0)").isVisible());
+    auto& edit = *view("ctDeadline").findChild<QLineEdit*>();
+    EXPECT_EQ(edit.text(), "11/19/2026");
+    EXPECT_LE(edit.fontMetrics().horizontalAdvance(edit.text()), edit.width() - 4);
+    for (auto* button : view("ctDeadline").findChildren<QPushButton*>()) EXPECT_TRUE(button->isVisible());
+  });
+}
+
+}  // namespace
+}  // namespace tarnel::qt
