@@ -37,8 +37,9 @@ void OutlookTasksProject::setKey(ado::Session& session, const std::string& key) 
 void OutlookTasksProject::make(ado::Session& session) const {
   if (!key(session).empty()) return;
   const std::string key = newKey_();
-  session.execute("INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" + sqlText(key) + ", " + sqlText(name) + ")");
+  // The setting first: a failure in between then leaves a key that leads nowhere, and no second project.
   setKey(session, key);
+  session.execute("INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" + sqlText(key) + ", " + sqlText(name) + ")");
 }
 
 // Tasks first, so that a failure on the way leaves none without a project.

@@ -6,6 +6,7 @@
 #include "Conversions.h"
 #include "ErrorReport.h"
 #include "Folders.h"
+#include "HostActions.h"
 #include "OutlookTasksProject.h"
 #include "clsTarnelOutWizard.h"
 
@@ -33,7 +34,8 @@ bool runWizard(Composition& parts, Desktop& desktop, const WizardOptions& option
   parts.install(desktop, errorReport, utilities);
 
   clsTarnelOutWizard wizard;
-  const HostEvents events(wizard, tell);
+  const HostEvents events(wizard, tell);  // told first, then acted on
+  const HostActions actions(wizard, parts.database(), connection, utilities);
   wizard.SetTaskPrintSetting(options.printSettings);
   wizard.Setup(options.appointments, toUpper(options.hours), "M" + std::to_string(options.interval), connection,
                options.date);
