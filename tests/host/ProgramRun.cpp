@@ -20,15 +20,17 @@ nlohmann::json ProgramResult::reply(const std::string& command) const {
   return nullptr;
 }
 
-ProgramResult ProgramRun::operator()(const std::string& arguments, const std::string& input) const {
+std::string ProgramRun::shellCommand(const std::string& arguments) const {
   const std::string folder = home.path().string();
-  home.write("input", input);
   std::string environment = "HOME='" + folder + "' LC_ALL=C";
   for (const char* kind : {"CONFIG", "DATA", "STATE"})
     environment += std::string(" XDG_") + kind + "_HOME='" + folder + "'";
-  const std::string command =
-      "cd '" + folder + "' && " + environment + " '" + TARNEL_PROGRAM + "' " + arguments + " <input >output 2>errors";
-  const int status = std::system(command.c_str());
+  return "cd '" + folder + "' && " + environment + " '" + TARNEL_PROGRAM + "' " + arguments;
+}
+
+ProgramResult ProgramRun::operator()(const std::string& arguments, const std::string& input) const {
+  home.write("input", input);
+  const int status = std::system((shellCommand(arguments) + " <input >output 2>errors").c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentsOf(home / "output"), contentsOf(home / "errors")};
 }
 

@@ -26,6 +26,8 @@ class ProgramRun {
  public:
   // `arguments` as in a shell, `input` on the standard input.
   ProgramResult operator()(const std::string& arguments, const std::string& input = {}) const;
+  // The call as a shell takes it, for those who talk to the program while it runs.
+  std::string shellCommand(const std::string& arguments) const;
 
   TempFolder home;
 };

@@ -1,0 +1,100 @@
+#include "ChildProcess.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <stdexcept>
+
+namespace tarnel::test {
+namespace {
+
+// Far beyond what a loaded machine needs; only a fault waits as long.
+constexpr std::chrono::milliseconds patience{60000};
+constexpr int pollMilliseconds = 10;
+
+std::array<int, 2> makePipe() {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("No pipe can be made");
+  return ends;
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::string& shellCommand) {
+  const auto input = makePipe();
+  const auto output = makePipe();
+  std::signal(SIGPIPE, SIG_IGN);  // a child that has ended is told by its exit code
+  process_ = fork();
+  if (process_ < 0) throw std::runtime_error("No process can be started");
+  if (process_ == 0) {
+    setpgid(0, 0);
+    dup2(input[0], STDIN_FILENO);
+    dup2(output[1], STDOUT_FILENO);
+    execl("/bin/sh", "sh", "-c", shellCommand.c_str(), nullptr);
+    _exit(127);
+  }
+  setpgid(process_, process_);
+  close(input[0]);
+  close(output[1]);
+  input_ = input[1];
+  output_ = output[0];
+}
+
+ChildProcess::~ChildProcess() {
+  closeInput();
+  close(output_);
+  kill(-process_, SIGTERM);
+  if (comesTrue([this] { return exitCode().has_value(); })) return;
+  kill(-process_, SIGKILL);
+  waitpid(process_, nullptr, 0);
+}
+
+void ChildProcess::write(const std::string& text) {
+  for (std::size_t written = 0; written < text.size();) {
+    const ssize_t size = ::write(input_, text.data() + written, text.size() - written);
+    if (size <= 0) return;
+    written += static_cast<std::size_t>(size);
+  }
+}
+
+void ChildProcess::closeInput() {
+  if (input_ >= 0) close(input_);
+  input_ = -1;
+}
+
+std::optional<std::string> ChildProcess::readLine() {
+  while (read_.find('\n') == std::string::npos) {
+    pollfd ready{output_, POLLIN, 0};
+    if (poll(&ready, 1, static_cast<int>(patience.count())) <= 0) return {};
+    std::array<char, 65536> part{};
+    const ssize_t size = read(output_, part.data(), part.size());
+    if (size <= 0) return {};
+    read_.append(part.data(), static_cast<std::size_t>(size));
+  }
+  const std::size_t end = read_.find('\n');
+  std::string line = read_.substr(0, end);
+  read_.erase(0, end + 1);
+  return line;
+}
+
+std::optional<int> ChildProcess::exitCode() {
+  int status = 0;
+  if (!exitCode_ && waitpid(process_, &status, WNOHANG) == process_)
+    exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return exitCode_;
+}
+
+bool comesTrue(const std::function<bool()>& condition) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    poll(nullptr, 0, pollMilliseconds);
+  }
+  return true;
+}
+
+}  // namespace tarnel::test

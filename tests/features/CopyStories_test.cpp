@@ -1,0 +1,106 @@
+#include "Story.h"
+
+namespace tarnel {
+namespace {
+
+using test::onAll;
+using test::pickAll;
+
+class CopyStories : public test::Story {};
+
+const std::string copy = onAll("0", "UPDATE");
+const std::string toldCopied = "says: Outlook Tasks created: 1. Tasks in Outlook updated: 0.\n";
+const std::string toldUpdated = "says: Outlook Tasks created: 0. Tasks in Outlook updated: 1.\n";
+
+TEST_F(CopyStories, firstCopyCarriesTheFieldsAndLeavesTheRest) {
+  addTask("A", "Pay & sign",
+          {{"tskStatus", "1"},
+           {"tskImp", "4"},
+           {"tskDeadline", "'2026-12-01 00:00:00'"},
+           {"tskTimeNeeded", "90"},
+           {"tskTimeSpent", "30"},
+           {"tskNotes", "'private'"}});
+  addTask("B", "Elsewhere", {{"tskCurrent", "0"}});
+  EXPECT_EQ(told(copy), toldCopied + "returned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Pay & sign|1|A\n");
+  const nlohmann::json item = items()[0];
+  EXPECT_EQ(item["importance"], 2);
+  EXPECT_EQ(item["dueDate"], "2026-12-01 00:00:00");
+  EXPECT_EQ(item["totalWork"], 90);
+  EXPECT_EQ(item["actualWork"], 30);
+  EXPECT_EQ(item["body"], "");
+  EXPECT_EQ(rows("SELECT tskGUIDID, tskOutEntityID FROM TASKS ORDER BY tskGUIDID"), "A|A\nB|-\n");
+}
+
+TEST_F(CopyStories, secondCopyInOneViewMakesASecondItemAndARefillUpdatesBoth) {
+  addTask("A", "Twice");
+  const std::string commands = copy + copy + pickAll + copy;
+  EXPECT_EQ(told(commands),
+            toldCopied + toldCopied + "says: Outlook Tasks created: 0. Tasks in Outlook updated: 2.\n" + "returned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Twice|0|A\nTasks|Twice|0|A\n");
+}
+
+TEST_F(CopyStories, updateBehindARefillOverwritesTheFieldsAndKeepsARemovedDeadline) {
+  addTask("A", "Old", {{"tskDeadline", "'2026-12-01 00:00:00'"}});
+  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  wizard("click smtTaskActions(0) ALL");
+  EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldCopied);
+  change("UPDATE TASKS SET tskDesc = 'New', tskStatus = 2, tskDeadline = Null");
+  wizard("choose smtSkedPickTasks TASKPICK Tarnel");
+  wizard("click smtTaskActions(0) ALL");
+  EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldUpdated);
+  EXPECT_EQ(mailbox(), "Tasks|New|3|A\n");
+  EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
+}
+
+TEST_F(CopyStories, itemDeletedInOutlookIsMadeAnewWhetherItLiesInDeletedItemsOrIsGone) {
+  addTask("A", "Missed");
+  addItem("Another");
+  EXPECT_EQ(told(copy), toldCopied + "returned\n");
+  run("mailbox delete " + entryOf("Missed"));
+  EXPECT_EQ(told(copy), toldCopied + "returned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Another|0|-\nDeleted Items|Missed|0|A\nTasks|Missed|0|A\n");
+  EXPECT_EQ(told(copy), toldUpdated + "returned\n");
+}
+
+TEST_F(CopyStories, itemMovedAwayAndBackIsTwoItemsThatAreBothUpdated) {
+  addTask("A", "Moved");
+  addItem("Another");
+  drive(copy);
+  const std::string entry = entryOf("Moved");
+  run("mailbox move " + entry + " 'Deleted Items'");
+  EXPECT_EQ(told(copy), toldCopied + "returned\n");
+  run("mailbox move " + entry + " Tasks");
+  change("UPDATE TASKS SET tskStatus = 1");
+  EXPECT_EQ(told(copy), "says: Outlook Tasks created: 0. Tasks in Outlook updated: 2.\nreturned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Another|0|-\nTasks|Moved|1|A\nTasks|Moved|1|A\n");
+}
+
+TEST_F(CopyStories, linkedTaskCannotBeLookedUpInAnEmptyFolder) {
+  addTask("A", "Alone", {{"tskOutEntityID", "'A'"}});
+  const test::ProgramResult result = drive(copy);
+  EXPECT_EQ(told(result).find("reports: Tarnel2OUTTasks"), 0U) << told(result);
+  EXPECT_EQ(result.exitCode, 1);
+  EXPECT_EQ(mailbox(), "");
+}
+
+TEST_F(CopyStories, outlookGoneBetweenTwoCommandsIsToldAndComesBack) {
+  addTask("A", "Patient");
+  addItem("Another");
+  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  const auto away = run.home / "away";
+  wizard("click smtTaskActions(0) ALL");
+  std::filesystem::rename(run.home / mailboxFile, away);
+  const std::string toldGone = told(wizard("click smtTaskActions(0) UPDATE"));
+  EXPECT_NE(toldGone.find("says: Unable to access Outlook. Outlook may be busy"), std::string::npos) << toldGone;
+  EXPECT_FALSE(std::filesystem::exists(run.home / mailboxFile)) << "a mailbox is never made on the way";
+  EXPECT_EQ(rows("SELECT tskOutEntityID FROM TASKS"), "-\n");
+  EXPECT_TRUE(wizard("list smtTaskList(0)").back()["items"][0]["checked"]);
+
+  std::filesystem::rename(away, run.home / mailboxFile);
+  EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldCopied);
+  EXPECT_EQ(mailbox(), "Tasks|Another|0|-\nTasks|Patient|0|A\n");
+}
+
+}  // namespace
+}  // namespace tarnel

@@ -1,0 +1,74 @@
+#include <functional>
+
+#include "Story.h"
+
+namespace tarnel {
+namespace {
+
+class DamagedDatabase : public test::Story {
+ protected:
+  // The wizard must end by itself with this report, a message that names it, and a failing exit code.
+  void expectFailure(const std::string& name, const std::string& report, const std::string& words) {
+    const test::ProgramResult result = drive("show\n");
+    EXPECT_EQ(result.exitCode, 1) << name;
+    EXPECT_EQ(told(result).find("reports: " + report), 0U) << name << ": " << told(result);
+    EXPECT_EQ(result.facts().back(), R"({"returned":false})"_json) << name;
+    EXPECT_NE(result.errors.find(words), std::string::npos) << name << ": " << result.errors;
+    EXPECT_NE(result.errors.find("errors.txt"), std::string::npos) << name;
+  }
+};
+
+TEST_F(DamagedDatabase, fileThatIsNoTaskDatabaseIsToldAndLeftAsItIs) {
+  const std::string whole = test::contentsOf(run.home / "tasks.db");
+  const std::pair<std::string, std::string> files[] = {
+      {"", "is not a task database"},
+      {"Dear diary, this is no database.", "is not a task database"},
+      {whole.substr(0, 50), "is damaged"},
+      {whole.substr(0, whole.size() / 2), "is damaged"},
+      {std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, '\1'), "is a Microsoft Jet file"}};
+  for (const auto& [contents, words] : files) {
+    run.home.write("tasks.db", contents);
+    expectFailure(contents.substr(0, 8), "", words);
+    EXPECT_EQ(test::contentsOf(run.home / "tasks.db"), contents) << words;
+  }
+  std::filesystem::remove(run.home / "tasks.db");
+  expectFailure("no file", "", "does not exist");
+  EXPECT_FALSE(std::filesystem::exists(run.home / "tasks.db"));
+}
+
+TEST_F(DamagedDatabase, contentsThatCannotBeEndTheWizardAndChangeNoRow) {
+  addTask("A", "Kept");
+  EXPECT_EQ(drive("").exitCode, 0) << "makes the rows of the window's place";
+  const std::string sound = test::contentsOf(run.home / "tasks.db");
+  struct Damage {
+    const char* statement;
+    const char* report;
+    const char* words;
+  };
+  const Damage damages[] = {
+      {"DROP TABLE Settings", "", "Settings"},
+      {"DROP TABLE PROJECTS", "", "PROJECTS"},
+      {"DROP TABLE TASKS", "", "TASKS"},
+      {"ALTER TABLE TASKS DROP COLUMN tskNotes", "", "tskNotes"},
+      {"UPDATE Settings SET SetSettingValue = 'early' WHERE SetSettingName = 'D5Start'", "loadMySettings 13", "(13)"},
+      {"UPDATE Settings SET SetSettingValue = 'wide' WHERE SetSettingName = 'meWidth'", "loadMySettings 13", "(13)"},
+      {"UPDATE Settings SET SetSettingValue = '2 or 3' WHERE SetSettingName = 'OutTaskSetting'", "loadMySettings 13",
+       "(13)"},
+      {"UPDATE Settings SET SetSettingValue = Null WHERE SetSettingName = 'DDSep'", "loadMySettings 94", "(94)"},
+      {"INSERT INTO Settings (SetSettingSection, SetSettingName, SetSettingValue, setSettingDisplayOrd) "
+       "VALUES ('Importance Level', 'Importance5', 'Extreme', 5)",
+       "loadMySettings 9", "(9)"},
+      {"UPDATE TASKS SET tskDesc = Null", "GetTarnelTasks 94", "(94)"},
+      {"UPDATE TASKS SET tskTimeNeeded = Null", "GetTarnelTasks 94", "(94)"},
+      {"UPDATE TASKS SET tskImp = 7", "GetTarnelTasks 9", "(9)"}};
+  for (const Damage& damage : damages) {
+    run.home.write("tasks.db", sound);
+    change(damage.statement);
+    const std::string before = wholeDatabase();
+    expectFailure(damage.statement, damage.report, damage.words);
+    EXPECT_EQ(wholeDatabase(), before) << damage.statement;
+  }
+}
+
+}  // namespace
+}  // namespace tarnel

@@ -1,0 +1,95 @@
+#include <sstream>
+
+#include "Story.h"
+
+namespace tarnel {
+namespace {
+
+// The user changes how the two programs work together; the host acts on what it is told.
+class IntegrationStories : public test::Story {
+ protected:
+  static std::string click(const std::string& key) { return "click smtSettings " + key + "\n"; }
+  static std::string taskKey(int mode) { return "TASK" + std::to_string(mode + 1); }
+  static std::string update(int mode) { return "tab 2\n" + click(taskKey(mode)) + "click smtActions UPDATE\n"; }
+
+  void inForce(int mode) {
+    change("UPDATE Settings SET SetSettingValue = '" + std::to_string(mode) +
+           "' WHERE SetSettingName = 'OutTaskSetting'");
+  }
+  std::string modeInForce() {
+    return rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'OutTaskSetting'");
+  }
+  // The events alone, in their order, without the one that opens each run and the two that end it.
+  static std::string events(const std::string& told) {
+    std::string text;
+    std::istringstream lines(told);
+    for (std::string line; std::getline(lines, line);)
+      if (line.starts_with("event: ") && line.find("UpdateOutlookSettings") == std::string::npos)
+        text += line.substr(7) + " ";
+    const std::string end = "OutlookPrefsChanged CloseTheWizard ";
+    EXPECT_TRUE(text.ends_with(end)) << told;
+    return text.substr(0, text.size() - std::min(text.size(), end.size()));
+  }
+};
+
+TEST_F(IntegrationStories, eachChangeOfTheTasksModeIsToldInItsOrderAndStored) {
+  const std::string prefs = "OutlookPrefsChanged ";
+  const std::string import = "ImportFromOutlook ";
+  const std::string off = "TurnOffOutlookCurrentTasks ";
+  const std::string killed = "MOPKilled ";
+  const std::string expected[4][4] = {
+      {"", import + prefs, import + prefs, import + prefs + "TurnOnOutlookCurrentTasks "},
+      {prefs + killed, "", prefs, import + prefs},
+      {prefs + killed, prefs, "", import + prefs},
+      {off + prefs + killed, off, off, ""},
+  };
+  for (int from = 0; from < 4; ++from) {
+    for (int to = 0; to < 4; ++to) {
+      inForce(from);
+      EXPECT_EQ(events(told(update(to))), expected[from][to]) << from << " to " << to;
+      EXPECT_EQ(modeInForce(), std::to_string(to) + "\n") << from << " to " << to;
+    }
+  }
+}
+
+TEST_F(IntegrationStories, turningTasksOnImportsIntoTheOutlookProjectAndTurningThemOffMovesThem) {
+  addTask("A", "Current one");
+  addItem("From outside");
+  addItem("Linked", "GONE");
+  inForce(0);
+  told(update(3));
+  EXPECT_EQ(rows("SELECT tskDesc, tskProject FROM TASKS WHERE tskGUIDID <> 'A'"), "From outside|Outlook Tasks\n");
+  EXPECT_EQ(items().size(), 3U);  // the Current list went the other way
+  EXPECT_EQ(rows("SELECT prjProject FROM PROJECTS ORDER BY prjProject"), "My Tasks\nOutlook Tasks\n");
+  told(update(0));
+  EXPECT_EQ(rows("SELECT tskDesc, tskProject FROM TASKS WHERE tskGUIDID <> 'A'"), "From outside|My Tasks\n");
+  EXPECT_EQ(rows("SELECT prjProject FROM PROJECTS"), "My Tasks\n");
+}
+
+TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
+  inForce(0);
+  std::filesystem::remove(run.home / mailboxFile);
+  const ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
+                                   "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
+  EXPECT_NE(told(result).find("Integrate Outlook tasks is off."), std::string::npos);
+  EXPECT_EQ(events(told(result)), "OutlookPrefsChanged ");
+  EXPECT_EQ(modeInForce(), "0\n");
+}
+
+TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
+  const ProgramResult result = drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");
+  EXPECT_NE(told(result).find("error: tab 0\n"), std::string::npos);
+  EXPECT_EQ(result.reply("show")["tab"], 0);
+  EXPECT_EQ(modeInForce(), "2\n");
+}
+
+TEST_F(IntegrationStories, aChosenProfileIsTheMailboxOfTheNextRun) {
+  addItem("In my own mailbox");
+  EXPECT_EQ(run("profile add Work --mailbox work.mailbox").exitCode, 0) << run("profile add --help").output;
+  told("tab 2\nchoose smtSettings PRO1 Work\nclick smtActions UPDATE\n");
+  EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingSection = 'OutlookProfileString'"), "Work\n");
+  EXPECT_EQ(listed("1"), "");
+}
+
+}  // namespace
+}  // namespace tarnel

@@ -1,0 +1,92 @@
+#include <algorithm>
+
+#include "Story.h"
+
+namespace tarnel {
+namespace {
+
+using test::onAll;
+
+class OddMailbox : public test::Story {};
+
+TEST_F(OddMailbox, linkPropertyThatLeadsNowhereTouchesNoRow) {
+  addTask("A", "Kept", {{"tskOutEntityID", "'A'"}});
+  drive("");
+  const std::string before = wholeDatabase();
+  const std::string values[] = {"", "x' OR '1'='1", "A'; DROP TABLE TASKS; --", "\"A\"", std::string(100000, 'g')};
+  for (const std::string& value : values) {
+    addItem("Odd", value);
+    for (const char* action : {"UPDATE", "MARKASDONE", "DELETE"}) {
+      drive("answer yes\n" + onAll("1", action));
+      EXPECT_EQ(wholeDatabase(), before) << action << " " << value.substr(0, 30);
+    }
+  }
+}
+
+TEST_F(OddMailbox, notesOfFiveMegabytesComeWhole) {
+  const std::string line(50, 'n');
+  std::string folded = "DESCRIPTION:";
+  for (int i = 0; i < 100000; ++i) folded += line + "\r\n ";
+  addItem("Long", {}, folded + "end\r\n");
+  EXPECT_EQ(told(onAll("1", "UPDATE")).substr(0, 23), "says: Tasks created: 1.");
+  EXPECT_EQ(rows("SELECT LENGTH(tskNotes) FROM TASKS"), "5000003\n");
+}
+
+TEST_F(OddMailbox, datesAtTheEdgesAreTakenOrLeftAsTheyMust) {
+  struct Edge {
+    const char* due;
+    const char* deadline;  // behind an import of a linked task that had 2026-12-01
+  };
+  const Edge edges[] = {{"25001231", "2500-12-31"}, {"25010101", "2026-12-01"}};
+  for (const Edge& edge : edges) {
+    const std::string key = edge.due;
+    addTask(key, "Edge", {{"tskOutEntityID", "'" + key + "'"}, {"tskDeadline", "'2026-12-01 00:00:00'"}});
+    addItem("Edge", key, "DUE;VALUE=DATE:" + key + "\r\n");
+  }
+  EXPECT_EQ(told(onAll("1", "UPDATE")), "says: Tasks created: 0. Tasks in Tarnel updated: 2.\nreturned\n");
+  for (const Edge& edge : edges)
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM TASKS WHERE tskGUIDID = '" + std::string(edge.due) + "' AND tskDeadline = '" +
+                   edge.deadline + " 00:00:00'"),
+              "1\n")
+        << edge.due;
+}
+
+TEST_F(OddMailbox, deadlinesAtTheEdgesGoToOutlookOrStayBehind) {
+  // Day number 1 and below count as no deadline, and Outlook refuses the year 9999, which is passed over.
+  const std::pair<const char*, const char*> edges[] = {
+      {"1899-12-30", ""}, {"1899-12-31", ""}, {"2501-01-01", "2501-01-01"}, {"9999-12-31", ""}};
+  for (const auto& [deadline, due] : edges)
+    addTask(deadline, deadline, {{"tskDeadline", "'" + std::string(deadline) + " 00:00:00'"}});
+  EXPECT_EQ(told(onAll("0", "UPDATE")).substr(0, 31), "says: Outlook Tasks created: 4.");
+  const auto all = items();
+  for (std::size_t i = 0; i < std::size(edges); ++i) {
+    const auto& [deadline, due] = edges[i];
+    const auto item =
+        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each["subject"] == deadline; });
+    ASSERT_NE(item, all.end()) << deadline;
+    EXPECT_EQ((*item)["dueDate"], *due ? nlohmann::json(std::string(due) + " 00:00:00") : nlohmann::json()) << deadline;
+  }
+}
+
+TEST_F(OddMailbox, readOnlyInTheMiddleKeepsWhatWasWrittenAndHealsAtTheNextRun) {
+  namespace fs = std::filesystem;
+  addItem("Another");
+  addTask("A", "First");
+  addTask("B", "Second");
+  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  wizard("check smtTaskList(0) A on");
+  wizard("click smtTaskActions(0) UPDATE");
+  fs::permissions(run.home / mailboxFile, fs::perms::owner_read);
+  wizard("check smtTaskList(0) B on");
+  const std::string stopped = told(wizard("click smtTaskActions(0) UPDATE"));
+  EXPECT_NE(stopped.find("says: Unable to access Outlook"), std::string::npos) << stopped;
+  fs::permissions(run.home / mailboxFile, fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(rows("SELECT tskGUIDID, tskOutEntityID FROM TASKS ORDER BY tskGUIDID"), "A|A\nB|-\n");
+  EXPECT_EQ(mailbox(), "Tasks|Another|0|-\nTasks|First|0|A\n");
+
+  EXPECT_EQ(told(onAll("0", "UPDATE")), "says: Outlook Tasks created: 1. Tasks in Outlook updated: 1.\nreturned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Another|0|-\nTasks|First|0|A\nTasks|Second|0|B\n");
+}
+
+}  // namespace
+}  // namespace tarnel
