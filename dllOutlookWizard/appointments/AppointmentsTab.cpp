@@ -24,17 +24,15 @@ AppointmentsTab::AppointmentsTab(FormState& form)
       splitAppts("splitAppts"),
       schedules(form),
       form_(form),
-      tarnelPane_("paneAppt", 1),
-      outlookPane_("paneAppt", 2),
+      tarnelPane_(1, 3, [this](float width, float height) { layTarnelPane(width, height); }),
+      outlookPane_(2, 4, [this](float width, float height) { layOutlookPane(width, height); }),
       tarnelCaption_("lblShow", 1, Label::Look::band, "Tarnel"),
       dateLabel_("lblShow", 0, Label::Look::text, "Date to Show:"),
       ctDeadline_("ctDeadline"),
       tarnelActions_("smtApptActions", 0, SmartUI::Look::bar),
       outlookCaption_("lblShow", 2, Label::Look::band, "Microsoft Outlook"),
       smtTimebarSizer_("smtTimebarSizer", SmartUI::Look::bar),
-      outlookActions_("smtApptActions", 1, SmartUI::Look::bar),
-      tarnelResizer_("SSResizer1", 3),
-      outlookResizer_("SSResizer1", 4) {
+      outlookActions_("smtApptActions", 1, SmartUI::Look::bar) {
   panel.setVisible(false);
   ctDeadline_.setToolTipText("Select the Date to display");
   ctDeadline_.setAccessibleName("Date to Show");
@@ -46,20 +44,12 @@ AppointmentsTab::AppointmentsTab(FormState& form)
   splitAppts.setContainer(panel);
   for (Control* control : std::initializer_list<Control*>{&tarnelCaption_, &dateLabel_, &ctDeadline_,
                                                           &schedules.tarnelSide, &tarnelActions_})
-    control->setContainer(tarnelPane_);
+    control->setContainer(tarnelPane_.panel);
   for (Control* control :
        std::initializer_list<Control*>{&outlookCaption_, &smtTimebarSizer_, &schedules.outlookSide, &outlookActions_})
-    control->setContainer(outlookPane_);
-
-  const auto placedByHandler = [this](SSResizer& resizer, SSPanel& pane, void (AppointmentsTab::*lay)()) {
-    resizer.attach(pane);
-    connections_.push_back(resizer.BeforeResize.connect([](SSResizer& itself) { itself.setRepositioning(false); }));
-    connections_.push_back(resizer.ResizeComplete.connect([this, lay] { (this->*lay)(); }));
-  };
-  placedByHandler(tarnelResizer_, tarnelPane_, &AppointmentsTab::layTarnelPane);
-  placedByHandler(outlookResizer_, outlookPane_, &AppointmentsTab::layOutlookPane);
-  splitAppts.Panes("Left").setContent(tarnelPane_);
-  splitAppts.Panes("Right").setContent(outlookPane_);
+    control->setContainer(outlookPane_.panel);
+  splitAppts.Panes("Left").setContent(tarnelPane_.panel);
+  splitAppts.Panes("Right").setContent(outlookPane_.panel);
 
   connections_.push_back(ctDeadline_.Change.connect([this] { ctDeadline_Change(); }));
   connections_.push_back(smtTimebarSizer_.Click.connect(
@@ -69,10 +59,21 @@ AppointmentsTab::AppointmentsTab(FormState& form)
 }
 
 std::vector<Control*> AppointmentsTab::controls() {
-  return {&panel,           &splitAppts,      &tarnelPane_,          &tarnelCaption_,
-          &dateLabel_,      &ctDeadline_,     &schedules.tarnelSide, &tarnelActions_,
-          &outlookPane_,    &outlookCaption_, &smtTimebarSizer_,     &schedules.outlookSide,
-          &outlookActions_, &tarnelResizer_,  &outlookResizer_};
+  return {&panel,
+          &splitAppts,
+          &tarnelPane_.panel,
+          &tarnelCaption_,
+          &dateLabel_,
+          &ctDeadline_,
+          &schedules.tarnelSide,
+          &tarnelActions_,
+          &outlookPane_.panel,
+          &outlookCaption_,
+          &smtTimebarSizer_,
+          &schedules.outlookSide,
+          &outlookActions_,
+          &tarnelPane_.resizer,
+          &outlookPane_.resizer};
 }
 
 void AppointmentsTab::addImages(const std::vector<std::string>& pictures) {

@@ -6,8 +6,8 @@
 #include "DaySchedules.h"
 #include "FormState.h"
 #include "Label.h"
+#include "LaidOutPane.h"
 #include "Panels.h"
-#include "SSResizer.h"
 #include "SSSplitter.h"
 #include "SmartUI.h"
 #include "ctDropDate.h"
@@ -36,21 +36,19 @@ class AppointmentsTab {
  private:
   void ctDeadline_Change();
   void smtApptActions_Click(int index, const SmartItem& item);
-  void layTarnelPane();
-  void layOutlookPane();
+  void layTarnelPane(float width, float height);
+  void layOutlookPane(float width, float height);
 
   FormState& form_;
-  SSPanel tarnelPane_;   // paneAppt(1)
-  SSPanel outlookPane_;  // paneAppt(2)
-  Label tarnelCaption_;  // lblShow(1)
-  Label dateLabel_;      // lblShow(0)
+  LaidOutPane tarnelPane_;   // paneAppt(1)
+  LaidOutPane outlookPane_;  // paneAppt(2)
+  Label tarnelCaption_;      // lblShow(1)
+  Label dateLabel_;          // lblShow(0)
   ctDropDate ctDeadline_;
   SmartUI tarnelActions_;  // smtApptActions(0)
   Label outlookCaption_;   // lblShow(2)
   SmartUI smtTimebarSizer_;
-  SmartUI outlookActions_;   // smtApptActions(1)
-  SSResizer tarnelResizer_;  // SSResizer1(3)
-  SSResizer outlookResizer_;
+  SmartUI outlookActions_;  // smtApptActions(1)
   std::vector<Connection> connections_;
 };
 

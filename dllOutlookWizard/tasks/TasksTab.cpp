@@ -30,14 +30,12 @@ TasksTab::TasksTab(FormState& form)
       splitTasks("splitTasks"),
       lists(form),
       form_(form),
-      tarnelPane_("paneAppt", 0),
-      outlookPane_("paneAppt", 3),
+      tarnelPane_(0, 6, [this](float width, float height) { layTarnelPane(width, height); }),
+      outlookPane_(3, 7, [this](float width, float height) { layOutlookPane(width, height); }),
       tarnelCaption_("lblShow", 3, Label::Look::band, "Tarnel"),
       outlookCaption_("lblShow", 4, Label::Look::band, "Microsoft Outlook"),
       tarnelActions_("smtTaskActions", 0, SmartUI::Look::bar),
-      outlookActions_("smtTaskActions", 1, SmartUI::Look::bar),
-      tarnelResizer_("SSResizer1", 6),
-      outlookResizer_("SSResizer1", 7) {
+      outlookActions_("smtTaskActions", 1, SmartUI::Look::bar) {
   makeActions(tarnelActions_,
               {"Mark as completed", "Delete selected Tasks", "Copy or updated selected tasks to Microsoft Outlook."});
   makeActions(outlookActions_, {"Mark Tasks as done in Outlook", "Delete selected Tasks from Outlook",
@@ -47,29 +45,30 @@ TasksTab::TasksTab(FormState& form)
   splitTasks.setContainer(panel);
   for (Control* control :
        std::initializer_list<Control*>{&tarnelCaption_, &lists.smtSkedPickTasks, &lists.tarnelList, &tarnelActions_})
-    control->setContainer(tarnelPane_);
+    control->setContainer(tarnelPane_.panel);
   for (Control* control : std::initializer_list<Control*>{&outlookCaption_, &lists.outlookList, &outlookActions_})
-    control->setContainer(outlookPane_);
-
-  const auto placedByHandler = [this](SSResizer& resizer, SSPanel& pane, void (TasksTab::*lay)()) {
-    resizer.attach(pane);
-    connections_.push_back(resizer.BeforeResize.connect([](SSResizer& itself) { itself.setRepositioning(false); }));
-    connections_.push_back(resizer.ResizeComplete.connect([this, lay] { (this->*lay)(); }));
-  };
-  placedByHandler(tarnelResizer_, tarnelPane_, &TasksTab::layTarnelPane);
-  placedByHandler(outlookResizer_, outlookPane_, &TasksTab::layOutlookPane);
-  splitTasks.Panes("Left").setContent(tarnelPane_);
-  splitTasks.Panes("Right").setContent(outlookPane_);
+    control->setContainer(outlookPane_.panel);
+  splitTasks.Panes("Left").setContent(tarnelPane_.panel);
+  splitTasks.Panes("Right").setContent(outlookPane_.panel);
 
   connections_.push_back(tarnelActions_.Click.connect([this](SmartItem& item) { smtTaskActions_Click(0, item); }));
   connections_.push_back(outlookActions_.Click.connect([this](SmartItem& item) { smtTaskActions_Click(1, item); }));
 }
 
 std::vector<Control*> TasksTab::controls() {
-  return {
-      &panel,          &splitTasks,   &tarnelPane_,     &tarnelCaption_,    &lists.smtSkedPickTasks, &lists.tarnelList,
-      &tarnelActions_, &outlookPane_, &outlookCaption_, &lists.outlookList, &outlookActions_,        &tarnelResizer_,
-      &outlookResizer_};
+  return {&panel,
+          &splitTasks,
+          &tarnelPane_.panel,
+          &tarnelCaption_,
+          &lists.smtSkedPickTasks,
+          &lists.tarnelList,
+          &tarnelActions_,
+          &outlookPane_.panel,
+          &outlookCaption_,
+          &lists.outlookList,
+          &outlookActions_,
+          &tarnelPane_.resizer,
+          &outlookPane_.resizer};
 }
 
 void TasksTab::setupPicker() {

@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "Label.h"
+#include "LaidOutPane.h"
 #include "Panels.h"
-#include "SSResizer.h"
 #include "SSSplitter.h"
 #include "SmartUI.h"
 #include "TaskLists.h"
@@ -34,18 +34,16 @@ class TasksTab {
  private:
   void smtTaskActions_Click(int index, const SmartItem& item);
   bool markAll(std::string_view procedure, SmartUI& list, bool checked);
-  void layTarnelPane();
-  void layOutlookPane();
+  void layTarnelPane(float width, float height);
+  void layOutlookPane(float width, float height);
 
   FormState& form_;
-  SSPanel tarnelPane_;   // paneAppt(0)
-  SSPanel outlookPane_;  // paneAppt(3)
-  Label tarnelCaption_;  // lblShow(3)
+  LaidOutPane tarnelPane_;   // paneAppt(0)
+  LaidOutPane outlookPane_;  // paneAppt(3)
+  Label tarnelCaption_;      // lblShow(3)
   Label outlookCaption_;
   SmartUI tarnelActions_;  // smtTaskActions(0)
   SmartUI outlookActions_;
-  SSResizer tarnelResizer_;  // SSResizer1(6)
-  SSResizer outlookResizer_;
   std::vector<Connection> connections_;
 };
 

@@ -12,8 +12,6 @@ TaskLists::TaskLists(FormState& form)
       tarnelList("smtTaskList", 0, SmartUI::Look::checkList),
       outlookList("smtTaskList", 1, SmartUI::Look::checkList),
       form_(form) {
-  tarnelList.setAccessibleName("Tarnel tasks");
-  outlookList.setAccessibleName("Microsoft Outlook tasks");
   makePickerItems(smtSkedPickTasks);
   onPick_ =
       smtSkedPickTasks.Change.connect([this](SmartItem& item, const std::string&) { smtSkedPickTasks_Change(item); });
