@@ -37,8 +37,8 @@ bool runWizard(Composition& parts, Desktop& desktop, const WizardOptions& option
   const HostEvents events(wizard, tell);  // told first, then acted on
   const HostActions actions(wizard, parts.database(), connection, utilities);
   wizard.SetTaskPrintSetting(options.printSettings);
-  wizard.Setup(options.appointments, toUpper(options.hours), "M" + std::to_string(options.interval), connection,
-               options.date);
+  wizard.Setup(options.appointments, toUpper(options.hours), std::string("M").append(std::to_string(options.interval)),
+               connection, options.date);
 
   if (!errorReport.first()) return true;
   tellFailure(*errorReport.first(), errorReport.file());

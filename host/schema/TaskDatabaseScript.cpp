@@ -19,7 +19,7 @@ CREATE TABLE TASKS (
   tskProjectKey TEXT COLLATE NOCASE DEFAULT '',
   tskCurrent BOOLEAN NOT NULL DEFAULT 0,
   tskImp INTEGER DEFAULT 2,
-  tskDifficulty INTEGER DEFAULT 2,
+  tskDifficulty INTEGER DEFAULT 0,
   tskTimeNeeded INTEGER DEFAULT 0,
   tskTimeSpent INTEGER DEFAULT 0,
   tskTimeScheduled INTEGER DEFAULT 0,
