@@ -69,7 +69,7 @@ TEST_F(IntegrationStories, turningTasksOnImportsIntoTheOutlookProjectAndTurningT
 TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   inForce(0);
   std::filesystem::remove(run.home / mailboxFile);
-  const ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
+  const test::ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
                                    "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
   EXPECT_NE(told(result).find("Integrate Outlook tasks is off."), std::string::npos);
   EXPECT_EQ(events(told(result)), "OutlookPrefsChanged ");
@@ -77,7 +77,7 @@ TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
 }
 
 TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
-  const ProgramResult result = drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");
+  const test::ProgramResult result = drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");
   EXPECT_NE(told(result).find("error: tab 0\n"), std::string::npos);
   EXPECT_EQ(result.reply("show")["tab"], 0);
   EXPECT_EQ(modeInForce(), "2\n");
@@ -85,7 +85,7 @@ TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
 
 TEST_F(IntegrationStories, aChosenProfileIsTheMailboxOfTheNextRun) {
   addItem("In my own mailbox");
-  EXPECT_EQ(run("profile add Work --mailbox work.mailbox").exitCode, 0) << run("profile add --help").output;
+  EXPECT_EQ(run("profile add Work work.mailbox").exitCode, 0);
   told("tab 2\nchoose smtSettings PRO1 Work\nclick smtActions UPDATE\n");
   EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingSection = 'OutlookProfileString'"), "Work\n");
   EXPECT_EQ(listed("1"), "");
