@@ -1,21 +1,58 @@
 #include "KeyIndex.h"
 
+#include <algorithm>
+#include <bit>
+#include <utility>
+
 #include "Values.h"
 
 namespace tarnel::ado {
 
 std::size_t KeyIndex::hash(const Variant& value) { return hashOf(value); }
 
+void KeyIndex::reserve(std::size_t rows) {
+  entries_.reserve(rows);
+  setChains(std::bit_ceil(rows + 1));
+}
+
+void KeyIndex::setChains(std::size_t count) {
+  std::vector<std::size_t> old(count, none);
+  first_.swap(old);
+  for (std::size_t at : old)
+    while (at != none) {
+      std::size_t& first = first_[chainOf(entries_[at].hash)];
+      const std::size_t behind = entries_[at].next;
+      entries_[at].next = first;
+      first = at;
+      at = behind;
+    }
+}
+
 void KeyIndex::add(const Variant& value, std::size_t row) {
   // Null equals nothing, so it is never looked for.
-  if (!value.isNull()) rows_.emplace(hash(value), row);
+  if (value.isNull()) return;
+  if (free_ == none && entries_.size() >= first_.size()) setChains(std::max<std::size_t>(16, first_.size() * 2));
+  const std::size_t key = hash(value);
+  std::size_t& first = first_[chainOf(key)];
+  const std::size_t behind = first;
+  if (free_ != none) {
+    first = free_;
+    free_ = entries_[free_].next;
+  } else {
+    first = entries_.size();
+    entries_.emplace_back();
+  }
+  entries_[first] = {key, row, behind};
 }
 
 void KeyIndex::remove(const Variant& value, std::size_t row) {
-  const auto [from, to] = rows_.equal_range(hash(value));
-  for (auto at = from; at != to; ++at) {
-    if (at->second != row) continue;
-    rows_.erase(at);
+  if (first_.empty()) return;
+  const std::size_t key = hash(value);
+  for (std::size_t* at = &first_[chainOf(key)]; *at != none; at = &entries_[*at].next) {
+    if (entries_[*at].hash != key || entries_[*at].row != row) continue;
+    const std::size_t removed = std::exchange(*at, entries_[*at].next);
+    entries_[removed].next = free_;
+    free_ = removed;
     return;
   }
 }

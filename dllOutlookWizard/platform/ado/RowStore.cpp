@@ -80,8 +80,10 @@ std::vector<std::size_t> RowStore::rowsEqual(std::size_t column, const Variant& 
   if (value.isNull()) return rows;
   const Variant wanted = fitted(value, this->column(column));
   const auto [at, isNew] = indexes_.try_emplace(column);
-  if (isNew)
+  if (isNew) {
+    at->second.reserve(rowCount());
     for (std::size_t row = 0; row < rowCount(); ++row) at->second.add(this->value(row, column), row);
+  }
   at->second.visitCandidates(wanted, [&](std::size_t row) {
     if (compareValues(this->value(row, column), wanted) == 0) rows.push_back(row);
   });
