@@ -72,11 +72,7 @@ const std::string& insertStatement() {
   return sql;
 }
 
-bool changedARow(Store& store) {
-  StoreStatement changes = store.prepare("SELECT changes()");
-  changes.step();
-  return changes.number(0) > 0;
-}
+bool changedARow(const Store& store) { return store.changedRows() > 0; }
 
 std::optional<ItemRecord> firstItem(StoreStatement rows) {
   if (!rows.step()) return {};

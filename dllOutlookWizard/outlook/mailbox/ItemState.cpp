@@ -21,11 +21,7 @@ std::string ItemState::entryId() const {
   return entryIdOf(mailbox_->store, record_).text();
 }
 
-std::string ItemState::folderName() const {
-  StoreStatement rows = mailbox_->store.prepare("SELECT name FROM folders WHERE id = ?");
-  rows.bind(record_.folder).step();
-  return rows.text(0);
-}
+std::string ItemState::folderName() const { return mailbox_->store.folders().at(record_.folder); }
 
 const std::string& ItemState::body() {
   if (!record_.body) {

@@ -35,7 +35,7 @@ class PagedCursor : public ItemCursor {
     std::size_t size = smallestPage;  // of the next page: they grow while a walk goes on
     std::uint64_t generation = 0;
   };
-  static constexpr std::size_t smallestPage = 8;
+  static constexpr std::size_t smallestPage = 1;  // many a search asks for the first item alone
   static constexpr std::size_t largestPage = 256;
 
   // The rows behind `last`, or, without it, from `offset` on.

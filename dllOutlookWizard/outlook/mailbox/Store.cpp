@@ -40,8 +40,10 @@ void Store::requireSoundness() {
       "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; "
       "PRAGMA temp_store = MEMORY;");
   {
-    StoreStatement id = prepare("SELECT id, (SELECT count(*) FROM folders) FROM store");
-    if (!id.step() || id.number(1) != 3) fail(SQLITE_CORRUPT);
+    StoreStatement id = prepare("SELECT id FROM store");
+    StoreStatement folders = prepare("SELECT id, name FROM folders");
+    while (folders.step()) folders_.emplace(folders.number(0), folders.text(1));
+    if (!id.step() || folders_.size() != 3) fail(SQLITE_CORRUPT);
     id_ = id.text(0);
   }
   refreshGeneration();
@@ -98,6 +100,8 @@ void Store::inTransaction(const char* begin, const std::function<void()>& work) 
 }
 
 std::int64_t Store::lastInsertId() const { return sqlite3_last_insert_rowid(database_.get()); }
+
+std::int64_t Store::changedRows() const { return sqlite3_changes64(database_.get()); }
 
 std::uint64_t Store::refreshGeneration() {
   StoreStatement version = prepare("PRAGMA data_version");

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -39,6 +40,10 @@ class Store {
   // Runs `work` on one state of the file, whatever others write meanwhile.
   void read(const std::function<void()>& work);
   std::int64_t lastInsertId() const;
+  // Rows that the last INSERT, UPDATE or DELETE touched.
+  std::int64_t changedRows() const;
+  // The folders, which no mailbox ever changes, by their numbers.
+  const std::map<std::int64_t, std::string>& folders() const { return folders_; }
 
   // Grows with every change that this connection made; `refreshGeneration` also takes changes of others in.
   std::uint64_t generation() const { return generation_; }
@@ -60,6 +65,7 @@ class Store {
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
   std::unordered_map<std::string, StoreStatement::Handle> idle_;
   std::string id_;
+  std::map<std::int64_t, std::string> folders_;
   std::uint64_t generation_ = 1;
   std::int64_t seenVersion_ = 0;
   bool inTransaction_ = false;

@@ -1,5 +1,6 @@
 #include "StoredFolder.h"
 
+#include "Conversions.h"
 #include "EntryId.h"
 #include "Failure.h"
 #include "StoredItems.h"
@@ -8,10 +9,11 @@ namespace tarnel::mailbox {
 
 StoredFolder::StoredFolder(std::shared_ptr<Mailbox> mailbox, std::int64_t id) : mailbox_(std::move(mailbox)), id_(id) {
   mailbox_->store.requireReach();
-  StoreStatement rows = mailbox_->store.prepare("SELECT name FROM folders WHERE id = ?");
-  if (!rows.bind(id).step())
+  const auto& folders = mailbox_->store.folders();
+  const auto found = folders.find(id);
+  if (found == folders.end())
     throw Failure(failure::automation, "There is no default folder " + std::to_string(id) + ".", "Outlook.NameSpace");
-  name_ = rows.text(0);
+  name_ = found->second;
 }
 
 std::shared_ptr<outlook::Items> StoredFolder::items() {
@@ -25,8 +27,8 @@ std::string StoredFolder::StoreID() const { return storeIdText(mailbox_->store);
 std::string storeIdText(const Store& store) { return hexText(Bytes(store.id().begin(), store.id().end())); }
 
 std::int64_t folderNamed(Store& store, std::string_view name) {
-  StoreStatement rows = store.prepare("SELECT id FROM folders WHERE name = ? COLLATE NOCASE");
-  if (rows.bind(name).step()) return rows.number(0);
+  for (const auto& [id, known] : store.folders())
+    if (equalsIgnoringCase(known, name)) return id;
   throw Failure(failure::automation,
                 "There is no folder \"" + std::string(name) + "\". There are Tasks, Calendar and Deleted Items.",
                 "Tarnel.Mailbox");
