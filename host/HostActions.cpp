@@ -22,8 +22,14 @@ struct OwnLists {
     form.formLoading = false;
   }
 
-  void check(SmartUI& list, std::string_view picture) {
-    for (SmartItem& row : list.Items()) row.setChecked(picture.empty() || row.Picture() == picture);
+  // Checks the rows with that picture, or all; whether there is one.
+  static bool check(SmartUI& list, std::string_view picture = {}) {
+    bool any = false;
+    for (SmartItem& row : list.Items()) {
+      row.setChecked(picture.empty() || row.Picture() == picture);
+      any |= row.Checked();
+    }
+    return any;
   }
 
   FormState form;
@@ -64,15 +70,12 @@ void HostActions::importFromOutlook() const {
   OwnLists own;
   own.lists.smtSkedPickTasks.Items().Item(taskPickKey).setTag(session().theOutlookProjectKey);
   if (!own.lists.refillTarnelList() || !own.lists.GetOutlookTasks()) return;
-  own.check(own.lists.outlookList, rowPicture::outlook);
-  MakeUpdateOutlookTasksInTarnel(own.lists);
+  if (OwnLists::check(own.lists.outlookList, rowPicture::outlook)) MakeUpdateOutlookTasksInTarnel(own.lists);
 }
 
 void HostActions::copyCurrentTasks() {
   OwnLists own;
-  if (!own.lists.refillTarnelList()) return;
-  own.check(own.lists.tarnelList, {});
-  Tarnel2OUTTasks(own.lists);
+  if (own.lists.refillTarnelList() && OwnLists::check(own.lists.tarnelList)) Tarnel2OUTTasks(own.lists);
 }
 
 }  // namespace tarnel::host

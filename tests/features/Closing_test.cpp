@@ -45,29 +45,6 @@ TEST_F(Closing, eachWayOutHasItsEventsInTheirOrderAndItsOwnWayWithTheSettings) {
   }
 }
 
-TEST_F(Closing, transitionsTellTheHostInTheirOrder) {
-  const std::string prefs = "event: OutlookPrefsChanged\n";
-  const std::string import = "event: ImportFromOutlook\n";
-  struct Transition {
-    const char* from;
-    const char* item;
-    std::string told;  // between the update and the close
-  };
-  const Transition transitions[] = {{"0", "TASK2", import + prefs},
-                                    {"0", "TASK4", import + prefs + "event: TurnOnOutlookCurrentTasks\n"},
-                                    {"1", "TASK4", import + prefs},
-                                    {"3", "TASK3", "event: TurnOffOutlookCurrentTasks\n"},
-                                    {"2", "TASK3", ""}};
-  for (const Transition& transition : transitions) {
-    setMode(transition.from);
-    const std::string text =
-        told("tab 2\nclick smtSettings " + std::string(transition.item) + "\nclick smtActions UPDATE\n");
-    EXPECT_EQ(text.find("event: UpdateOutlookSettings"), 0U) << text;
-    EXPECT_EQ(text.substr(text.find('\n') + 1), transition.told + prefs + "event: CloseTheWizard\nreturned\n")
-        << transition.from << " to " << transition.item;
-  }
-}
-
 TEST_F(Closing, commandsBehindTheEndAreNotCarriedOut) {
   EXPECT_EQ(drive("key 27\nshow\nlist smtActions\n").reply("show"), nullptr);
 }
