@@ -12,8 +12,6 @@
 namespace tarnel::test {
 namespace {
 
-// Far beyond what a loaded machine needs; only a fault waits as long.
-constexpr std::chrono::milliseconds patience{60000};
 constexpr int pollMilliseconds = 10;
 
 std::array<int, 2> makePipe() {
@@ -69,7 +67,7 @@ void ChildProcess::closeInput() {
 std::optional<std::string> ChildProcess::readLine() {
   while (read_.find('\n') == std::string::npos) {
     pollfd ready{output_, POLLIN, 0};
-    if (poll(&ready, 1, static_cast<int>(patience.count())) <= 0) return {};
+    if (poll(&ready, 1, static_cast<int>(longPatience.count())) <= 0) return {};
     std::array<char, 65536> part{};
     const ssize_t size = read(output_, part.data(), part.size());
     if (size <= 0) return {};
@@ -88,7 +86,7 @@ std::optional<int> ChildProcess::exitCode() {
   return exitCode_;
 }
 
-bool comesTrue(const std::function<bool()>& condition) {
+bool comesTrue(const std::function<bool()>& condition, std::chrono::milliseconds patience) {
   const auto deadline = std::chrono::steady_clock::now() + patience;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > deadline) return false;

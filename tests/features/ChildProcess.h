@@ -33,7 +33,10 @@ class ChildProcess {
   std::optional<int> exitCode_;
 };
 
+// Far beyond what a loaded machine needs; only a fault waits as long.
+inline constexpr std::chrono::milliseconds longPatience{60000};
+
 // Asks again and again until the answer is yes; false when it never was before the deadline.
-bool comesTrue(const std::function<bool()>& condition);
+bool comesTrue(const std::function<bool()>& condition, std::chrono::milliseconds patience = longPatience);
 
 }  // namespace tarnel::test

@@ -70,14 +70,15 @@ TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   inForce(0);
   std::filesystem::remove(run.home / mailboxFile);
   const test::ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
-                                   "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
+                                         "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
   EXPECT_NE(told(result).find("Integrate Outlook tasks is off."), std::string::npos);
   EXPECT_EQ(events(told(result)), "OutlookPrefsChanged ");
   EXPECT_EQ(modeInForce(), "0\n");
 }
 
 TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
-  const test::ProgramResult result = drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");
+  const test::ProgramResult result =
+      drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");
   EXPECT_NE(told(result).find("error: tab 0\n"), std::string::npos);
   EXPECT_EQ(result.reply("show")["tab"], 0);
   EXPECT_EQ(modeInForce(), "2\n");
