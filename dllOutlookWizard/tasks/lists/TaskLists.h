@@ -56,7 +56,8 @@ class TaskLists {
   // failures go to the caller.
   bool GetOutlookTasks();
 
-  // Opens the whole of TASKS in the place of the current records. Failure 91 where that failed, which was reported then.
+  // Opens the whole of TASKS in the place of the current records. Failure 91 where that failed, which was reported
+  // then.
   void openAllTasks();
   // Closes the records if they are open, and lets go of them.
   void closeRows();

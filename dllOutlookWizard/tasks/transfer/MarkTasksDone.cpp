@@ -1,7 +1,7 @@
 #include "ClassFactory.h"
 #include "Conversions.h"
-#include "RowRuns.h"
 #include "Platform.h"
+#include "RowRuns.h"
 #include "SelectionQuestion.h"
 #include "StandardHandler.h"
 #include "TaskTransfer.h"
