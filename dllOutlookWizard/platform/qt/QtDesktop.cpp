@@ -14,20 +14,12 @@
 #include "ProgressWindow.h"
 #include "QtText.h"
 #include "ReportDialog.h"
+#include "StandardPointer.h"
 
 namespace tarnel::qt {
 namespace {
 
 constexpr int narrowestMessage = 340;  // pixels
-
-// A box that asks for an answer is not pointed at with an hourglass.
-class StandardPointer {
- public:
-  StandardPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-  ~StandardPointer() { QApplication::restoreOverrideCursor(); }
-  StandardPointer(const StandardPointer&) = delete;
-  StandardPointer& operator=(const StandardPointer&) = delete;
-};
 
 QMessageBox::Icon iconOf(const Message& message) {
   switch (message.icon) {
