@@ -1,11 +1,6 @@
 #include "HostParts.h"
 
-#include "Folders.h"
-#include "Profiles.h"
-
 namespace tarnel::host {
-
-std::filesystem::path defaultMailbox() { return folders::data() / "Outlook.mailbox"; }
 
 Composition hostParts(const std::optional<std::filesystem::path>& mailbox) {
   return Composition(

@@ -30,7 +30,7 @@ void tellFailure(const FailureReport& failure, const std::filesystem::path& file
 bool runWizard(Composition& parts, Desktop& desktop, const WizardOptions& options, const EventTeller& tell) {
   const std::string connection = connectionString(options.database);
   ErrorReport errorReport(desktop, parts.clock(), folders::state() / "errors.txt");
-  OutlookTasksProject utilities(parts.database(), connection, GetANewGuid);
+  OutlookTasksProject utilities(parts.database(), GetANewGuid);
   parts.install(desktop, errorReport, utilities);
 
   clsTarnelOutWizard wizard;

@@ -26,7 +26,7 @@ class OutlookProfilesTest : public SettingsTabTest {
     return 0;
   }
 
-  host::Profiles profiles_{platform_.registry};
+  Profiles profiles_{platform_.registry};
 };
 
 TEST_F(OutlookProfilesTest, areListedOnceEachAndTheLastOneShownIsNotChosen) {

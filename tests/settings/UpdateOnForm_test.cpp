@@ -26,7 +26,7 @@ class UpdateOnFormTest : public ::testing::Test {
   UpdateOnFormTest() {
     outlook_.outOfReach = true;  // while the form fills its lists
     database_.platform.use(outlook_);
-    host::Profiles(database_.platform.registry).add("Work", "/mail/work.mailbox");
+    Profiles(database_.platform.registry).add("Work", "/mail/work.mailbox");
   }
 
   // Opens the wizard, goes to the settings tab and acts; the host's events in their order, with the tasks mode that

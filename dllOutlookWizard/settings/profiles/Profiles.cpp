@@ -5,10 +5,11 @@
 #include "CRegistry.h"
 #include "Conversions.h"
 #include "Failure.h"
+#include "Folders.h"
 #include "ItemText.h"
 #include "OutlookProfilesKey.h"
 
-namespace tarnel::host {
+namespace tarnel {
 namespace {
 
 constexpr const char* mailboxValue = "Mailbox";
@@ -37,6 +38,8 @@ void requireWritten(bool written, std::string_view what, std::string_view name) 
 }
 
 }  // namespace
+
+std::filesystem::path defaultMailbox() { return folders::data() / "Outlook.mailbox"; }
 
 std::vector<Profile> Profiles::list() const {
   std::vector<Profile> profiles;
@@ -79,4 +82,4 @@ std::optional<std::filesystem::path> Profiles::mailboxOfChosen(std::string_view 
   return {};
 }
 
-}  // namespace tarnel::host
+}  // namespace tarnel

@@ -7,8 +7,9 @@
 #include "TaskDatabaseScript.h"
 #include "TempFolder.h"
 #include "createDatabase.h"
+#include "m_OutlookWizard.h"
 
-namespace tarnel::host {
+namespace tarnel {
 namespace {
 
 using Code = TarnelUtilities::Code;
@@ -18,12 +19,15 @@ class OutlookProjects : public testing::Test {
   OutlookProjects() {
     int keys = 0;
     const auto newKey = [&keys] { return "K" + std::to_string(++keys); };
-    sqlite::createDatabase(folder / "t.db",
-                           taskDatabaseScript() + demoScript(demoContents(Date::of(2026, 11, 19), newKey)));
+    sqlite::createDatabase(folder / "t.db", host::taskDatabaseScript() +
+                                                host::demoScript(host::demoContents(Date::of(2026, 11, 19), newKey)));
+    session().theszConnect = "Data Source=" + (folder / "t.db").string() + ";";
   }
+  ~OutlookProjects() override { session() = {}; }
+  std::shared_ptr<ado::Session> open() { return provider.open(session().theszConnect); }
   std::string text(const std::string& select) {
     std::string result;
-    for (const ado::Row& row : provider.open(connection)->query(select).rows) result += toText(row) + ";";
+    for (const ado::Row& row : open()->query(select).rows) result += toText(row) + ";";
     return result;
   }
   static std::string toText(const ado::Row& row) {
@@ -34,9 +38,8 @@ class OutlookProjects : public testing::Test {
 
   test::TempFolder folder;
   sqlite::SqliteProvider provider;
-  std::string connection = "Data Source=" + (folder / "t.db").string() + ";";
   int made = 0;
-  OutlookTasksProject utilities{provider, connection, [this] { return "NEW" + std::to_string(++made); }};
+  OutlookTasksProject utilities{provider, [this] { return "NEW" + std::to_string(++made); }};
 };
 
 TEST_F(OutlookProjects, projectIsMadeOnceAndAgainWhenItsRowHasGone) {
@@ -44,8 +47,8 @@ TEST_F(OutlookProjects, projectIsMadeOnceAndAgainWhenItsRowHasGone) {
   utilities.run(Code::makeOutlookProject, "", "");
   EXPECT_EQ(setting(), "NEW1;");
   EXPECT_EQ(text("SELECT prjGUIDID FROM PROJECTS WHERE prjProject='Outlook Tasks'"), "NEW1;");
-  provider.open(connection)->execute("DELETE FROM PROJECTS WHERE prjGUIDID='NEW1'");
-  provider.open(connection)->execute("DELETE FROM Settings WHERE SetSettingName='OutlookProject'");
+  open()->execute("DELETE FROM PROJECTS WHERE prjGUIDID='NEW1'");
+  open()->execute("DELETE FROM Settings WHERE SetSettingName='OutlookProject'");
   utilities.run(Code::makeOutlookProject, "", "");
   EXPECT_EQ(setting(), "NEW2;");
 }
@@ -54,7 +57,7 @@ TEST_F(OutlookProjects, tasksGoToTheHeirWhenItEnds) {
   utilities.run(Code::endOutlookProject, "K1", "House & Garden");
   EXPECT_EQ(text("SELECT COUNT(*) FROM PROJECTS"), "3;") << "there was none to end";
   utilities.run(Code::makeOutlookProject, "", "");
-  provider.open(connection)->execute("UPDATE TASKS SET tskProjectKey='NEW1' WHERE tskGUIDID='K4'");
+  open()->execute("UPDATE TASKS SET tskProjectKey='NEW1' WHERE tskGUIDID='K4'");
   utilities.run(Code::endOutlookProject, "new1", "itself");
   EXPECT_EQ(setting(), "NEW1;");
   utilities.run(Code::endOutlookProject, "K2", "Bob's launch");
@@ -64,4 +67,4 @@ TEST_F(OutlookProjects, tasksGoToTheHeirWhenItEnds) {
 }
 
 }  // namespace
-}  // namespace tarnel::host
+}  // namespace tarnel

@@ -8,7 +8,10 @@
 
 #include "Registry.h"
 
-namespace tarnel::host {
+namespace tarnel {
+
+// Where Outlook's mailbox is when neither a file nor a profile is named.
+std::filesystem::path defaultMailbox();
 
 // A name for a mailbox file. The path is absolute; it is empty where a key was made without one.
 struct Profile {
@@ -39,4 +42,4 @@ class Profiles {
   Registry& registry_;
 };
 
-}  // namespace tarnel::host
+}  // namespace tarnel

@@ -6,7 +6,7 @@
 #include "Clock.h"
 #include "Platform.h"
 
-namespace tarnel::host {
+namespace tarnel {
 
 // Shows a failure to the user and appends the same facts, with date and time, to a text file, so that they can be
 // passed on later. A file that can't be written is no failure of its own.
@@ -30,4 +30,4 @@ class ErrorReport : public TarnelErrReport {
   std::optional<FailureReport> first_;
 };
 
-}  // namespace tarnel::host
+}  // namespace tarnel

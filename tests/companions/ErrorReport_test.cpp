@@ -4,7 +4,7 @@
 
 #include "TestPlatform.h"
 
-namespace tarnel::host {
+namespace tarnel {
 namespace {
 
 TEST(ErrorReport, showsEachFailureKeepsTheFirstAndAppendsBoth) {
@@ -32,4 +32,4 @@ TEST(ErrorReport, fileThatCantBeWrittenStopsNothing) {
 }
 
 }  // namespace
-}  // namespace tarnel::host
+}  // namespace tarnel

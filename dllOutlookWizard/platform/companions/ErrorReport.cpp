@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-namespace tarnel::host {
+namespace tarnel {
 namespace {
 
 // One line a fact: line ends inside a text become blanks.
@@ -34,4 +34,4 @@ void ErrorReport::append(const FailureReport& failure) const {
       << "  profile:   " << onOneLine(failure.profile) << '\n';
 }
 
-}  // namespace tarnel::host
+}  // namespace tarnel

@@ -4,17 +4,17 @@
 
 #include "Platform.h"
 
-namespace tarnel::host {
+namespace tarnel {
 
 // Work on the project of the task database that holds the tasks from Outlook: its row in PROJECTS, and its key in the
-// setting OutlookProject. Failures are the database's.
+// setting OutlookProject. The database is the one that the wizard works on. Failures are the database's.
 class OutlookTasksProject : public TarnelUtilities {
  public:
   static constexpr const char* name = "Outlook Tasks";
 
   // `newKey` gives a new GUID text at each call.
-  OutlookTasksProject(ado::Provider& database, std::string connection, std::function<std::string()> newKey)
-      : database_(database), connection_(std::move(connection)), newKey_(std::move(newKey)) {}
+  OutlookTasksProject(ado::Provider& database, std::function<std::string()> newKey)
+      : database_(database), newKey_(std::move(newKey)) {}
 
   // makeOutlookProject: makes sure that the project stands; the texts say nothing. endOutlookProject: its tasks go to
   // the project with the key `first` and the name `second`, and it ends; nothing happens when there is none.
@@ -27,8 +27,7 @@ class OutlookTasksProject : public TarnelUtilities {
   void end(ado::Session& session, const std::string& heirKey, const std::string& heirName) const;
 
   ado::Provider& database_;
-  std::string connection_;
   std::function<std::string()> newKey_;
 };
 
-}  // namespace tarnel::host
+}  // namespace tarnel
