@@ -54,7 +54,12 @@ void TaskLists::openTasks(const std::string& statement) {
   theTaskData->SetSQL(statement);
   theTaskRows.reset();
   theTaskData->GetDataKEY(theTaskRows);
+  taskRows();
+}
+
+std::shared_ptr<ado::Recordset> TaskLists::taskRows() const {
   if (!theTaskRows) failObjectNotSet();
+  return theTaskRows;
 }
 
 void TaskLists::openAllTasks() { openTasks("SELECT * FROM TASKS"); }

@@ -40,6 +40,10 @@ class TaskLists {
   std::shared_ptr<clsTaskList> theTaskData;
   std::shared_ptr<ado::Recordset> theTaskRows;
 
+  // theTaskRows for those who go on with it: failure 91 where there is none, as behind a failure that took the form
+  // away. The caller's share keeps the records alive while waiting events run, which may put others in their place.
+  std::shared_ptr<ado::Recordset> taskRows() const;
+
   bool theShowCompleted = false;
   std::string theTaskPickName;  // both empty until the user changes the pick
   std::string theTaskPickKey;

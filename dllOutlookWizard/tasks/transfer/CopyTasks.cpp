@@ -16,7 +16,7 @@ namespace {
 // One run of the copy. The session is attached and the whole of TASKS open while it lives.
 class TaskCopy {
  public:
-  explicit TaskCopy(TaskLists& lists) : lists_(lists), tasks_(*lists.theTaskRows) {}
+  explicit TaskCopy(TaskLists& lists) : lists_(lists), rows_(lists.taskRows()), tasks_(*rows_) {}
 
   void copy(SmartItem& row) {
     if (CStringBag(row.Tag()).ReadItem(rowTag::outlookId).empty())
@@ -106,6 +106,7 @@ class TaskCopy {
   std::string description() const { return textOrEmpty(tasks_.Fields("tskDesc").Value()); }
 
   TaskLists& lists_;
+  std::shared_ptr<ado::Recordset> rows_;  // this share outlasts what waiting events do to the form's
   ado::Recordset& tasks_;
   std::int32_t created_ = 0;
   std::int32_t updated_ = 0;
@@ -123,7 +124,7 @@ bool Tarnel2OUTTasks(TaskLists& lists) {
     lists.openAllTasks();
     TaskCopy run(lists);
     CheckedRows(lists.tarnelList).forEach([&](SmartItem& row) { run.copy(row); });
-    lists.theTaskRows->UpdateBatch(ado::Affect::all);
+    lists.taskRows()->UpdateBatch(ado::Affect::all);
 
     tellUser(run.summary());
     for (SmartItem& row : lists.tarnelList.Items()) row.setChecked(false);

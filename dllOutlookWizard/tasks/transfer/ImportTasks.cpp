@@ -33,10 +33,14 @@ class TaskImport {
  public:
   explicit TaskImport(TaskLists& lists) : lists_(lists), destination_(destination(lists)) {}
 
-  void take(SmartItem& row) {
-    const std::string entryId = CStringBag(row.Tag()).ReadItem(rowTag::entryId);
-    row.setChecked(false);
+  void take(SmartItem& checked) {
+    const std::string key = checked.Key();
+    const std::string entryId = CStringBag(checked.Tag()).ReadItem(rowTag::entryId);
+    checked.setChecked(false);
     letEventsRun();
+    // What ran in between may have filled the list anew.
+    if (!lists_.outlookList.Items().Exists(key)) return;
+    SmartItem& row = lists_.outlookList.Items().Item(key);
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     const auto wrapper = platform().outlook.createSafeTaskItem();
     wrapper->setItem(outlook::asTask(outlookNameSpace().GetItemFromID(entryId, folder->StoreID())));
@@ -52,40 +56,44 @@ class TaskImport {
   }
 
  private:
-  ado::Recordset& tasks() const {
-    if (!lists_.theTaskRows) failObjectNotSet();
-    return *lists_.theTaskRows;
-  }
-
   void updateTask(const SmartItem& row, outlook::SafeTaskItem& wrapper) {
     if (!lists_.theTaskRows) lists_.refillTarnelList();
-    tasks().Find("tskGUIDID", CStringBag(row.Tag()).ReadItem(rowTag::tarnelGuid));
-    if (tasks().atEOF() || tasks().atBOF()) return;
-    writeItemToTask(wrapper, tasks(), TaskRow::existing);
-    tasks().UpdateBatch(ado::Affect::allChapters);
+    const auto tasks = lists_.taskRows();
+    tasks->Find("tskGUIDID", CStringBag(row.Tag()).ReadItem(rowTag::tarnelGuid));
+    if (tasks->atEOF() || tasks->atBOF()) return;
+    writeItemToTask(wrapper, *tasks, TaskRow::existing);
+    tasks->UpdateBatch(ado::Affect::allChapters);
     ++updated_;
   }
 
   void createTask(SmartItem& row, outlook::SafeTaskItem& wrapper) {
     const std::string guid = GetANewGuid();
-    tasks().AddNew();
-    tasks().Fields("tskGUIDID").setValue(guid);
-    tasks().Fields("tskOUTEntityID").setValue(guid);
-    tasks().Fields("tskProject").setValue(destination_.project);
-    tasks().Fields("tskProjectKey").setValue(destination_.projectKey);
-    tasks().Fields("tskCurrent").setValue(destination_.current);
-    writeItemToTask(wrapper, tasks(), TaskRow::fresh);
+    const auto tasks = lists_.taskRows();
+    tasks->AddNew();
+    tasks->Fields("tskGUIDID").setValue(guid);
+    tasks->Fields("tskOUTEntityID").setValue(guid);
+    tasks->Fields("tskProject").setValue(destination_.project);
+    tasks->Fields("tskProjectKey").setValue(destination_.projectKey);
+    tasks->Fields("tskCurrent").setValue(destination_.current);
+    writeItemToTask(wrapper, *tasks, TaskRow::fresh);
     ++created_;
-    tasks().UpdateBatch(ado::Affect::allChapters);
+    tasks->UpdateBatch(ado::Affect::allChapters);
 
     const auto item = wrapper.Item();
     item->UserProperties()->Add(rowTag::tarnelGuid, outlook::PropertyType::text)->setValue(guid);
+    const std::string key = row.Key();
     row.setPicture(rowPicture::tarnel);
     platform().desktop.doEvents();
-    CStringBag bag(row.Tag());
-    bag.WriteItem(rowTag::tarnelGuid, guid);
-    row.setTag(bag.Contents());
+    linkRow(key, guid);
     item->Save();
+  }
+
+  void linkRow(const std::string& key, const std::string& guid) {
+    SmartItems& shown = lists_.outlookList.Items();
+    if (!shown.Exists(key)) return;
+    CStringBag bag(shown.Item(key).Tag());
+    bag.WriteItem(rowTag::tarnelGuid, guid);
+    shown.Item(key).setTag(bag.Contents());
   }
 
   TaskLists& lists_;
@@ -102,9 +110,9 @@ bool MakeUpdateOutlookTasksInTarnel(TaskLists& lists) {
     manageOutlookRef();  // out of reach shows at the first use
     CheckedRows(lists.outlookList).forEach([&](SmartItem& row) { run.take(row); });
     platform().desktop.doEvents();
-    if (!lists.theTaskRows) failObjectNotSet();
-    lists.theTaskRows->UpdateBatch(ado::Affect::allChapters);
-    lists.theTaskRows->Close();
+    const auto tasks = lists.taskRows();
+    tasks->UpdateBatch(ado::Affect::allChapters);
+    tasks->Close();
 
     lists.tarnelList.Refresh();
     lists.outlookList.Refresh();

@@ -66,11 +66,11 @@ bool MarkTarnelTasksAsDone(TaskLists& lists) {
     TarnelRowSteps steps;
     steps.changeItem = [](const std::shared_ptr<outlook::TaskItem>&) {};  // completing it is all
     steps.changeTask = [&](const SmartItem& row) {
-      ado::Recordset& tasks = *lists.theTaskRows;
-      tasks.Find("tskGUIDID", row.Key());
-      if (tasks.atEOF() || tasks.atBOF()) return;
-      setDone(tasks);
-      tasks.Update();
+      const auto tasks = lists.taskRows();
+      tasks->Find("tskGUIDID", row.Key());
+      if (tasks->atEOF() || tasks->atBOF()) return;
+      setDone(*tasks);
+      tasks->Update();
     };
     runOverTarnelRows(lists, steps);
     done = true;

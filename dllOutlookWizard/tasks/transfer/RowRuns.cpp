@@ -29,24 +29,24 @@ class OutlookRowRun {
   void act(SmartItem& row) {
     const CStringBag tag(row.Tag());
     const std::string entryId = tag.ReadItem(rowTag::entryId);
+    const std::string key = row.Key();
+    const bool isLinked = row.Picture() == rowPicture::tarnel;
     row.setChecked(false);
-    letEventsRun();
+    letEventsRun();  // may fill the list anew: the row itself is not to be touched any more
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     outlookAnswered_ = true;
     const auto item = outlookNameSpace().GetItemFromID(entryId, folder->StoreID());
-    if (row.Picture() == rowPicture::tarnel) changeTask(tag.ReadItem(rowTag::tarnelGuid));
+    if (isLinked) changeTask(tag.ReadItem(rowTag::tarnelGuid));
     if (!item) return;
-    const std::string key = row.Key();
     steps_.changeItem(outlook::asTask(item));
-    lists_.outlookList.Items().Remove(key);
+    if (SmartItems& shown = lists_.outlookList.Items(); shown.Exists(key)) shown.Remove(key);
   }
 
   void changeTask(const std::string& guid) {
     if (!lists_.theTaskRows) lists_.refillTarnelList();
-    if (!lists_.theTaskRows) failObjectNotSet();
-    ado::Recordset& tasks = *lists_.theTaskRows;
-    tasks.Find("tskGUIDID", guid);
-    if (!tasks.atEOF() && !tasks.atBOF()) steps_.changeTask(tasks);
+    const auto tasks = lists_.taskRows();
+    tasks->Find("tskGUIDID", guid);
+    if (!tasks->atEOF() && !tasks->atBOF()) steps_.changeTask(*tasks);
   }
 
   TaskLists& lists_;
@@ -97,7 +97,7 @@ void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps) {
     changeLinkedItems(lists, row, steps);
     steps.changeTask(row);
   });
-  lists.theTaskRows->UpdateBatch(ado::Affect::allChapters);
+  lists.taskRows()->UpdateBatch(ado::Affect::allChapters);
   closeOutlook();
   lists.closeRows();
   lists.refillTarnelList();
