@@ -7,14 +7,16 @@ namespace tarnel {
 namespace {
 
 void makeActions(SmartUI& bar) {
-  const auto add = [&bar](const char* key, const char* caption, const char* toolTip) {
-    bar.Items().Add(0, key, caption, ItemType::button).setToolTipText(toolTip);
+  const auto add = [&bar](const char* key, const char* caption, const char* toolTip) -> SmartItem& {
+    SmartItem& item = bar.Items().Add(0, key, caption, ItemType::button);
+    item.setToolTipText(toolTip);
+    return item;
   };
   add("ALL", "All", "Select all Task Appointments");
   add("NONE", "None", "Unselect all Task Appointments");
   bar.Items().Add(0, "", "", ItemType::separator);
   add("DELETE", "Delete", "");
-  add("UPDATE", "Copy/Update", "Copy selected Task Appointments to Outlook");
+  add("UPDATE", "Copy/Update", "Copy selected Task Appointments to Outlook").setBold(true);
 }
 
 }  // namespace

@@ -92,6 +92,7 @@ class ApptCopy {
     outlookSide_.setAppDate(index, times.date);
     outlookSide_.setAppStart(index, times.start);
     outlookSide_.setAppEnd(index, times.end);
+    outlookSide_.setAppDays(index, times.firstDay, times.lastDay);
     outlookSide_.setAppText(index, item.subject());
   }
 

@@ -1,5 +1,7 @@
 #include "RowTimes.h"
 
+#include <algorithm>
+
 #include "Conversions.h"
 #include "Item.h"
 
@@ -14,12 +16,17 @@ std::int32_t dayNumber(Date time) { return roundToLong(time.wholeDay().days); }
 
 }  // namespace
 
-RowTimes rowTimes(Date start, Date end) { return {minute(start), minute(end), dayNumber(end)}; }
+RowTimes rowTimes(Date start, Date end) {
+  const std::int32_t first = dayNumber(start), endDay = dayNumber(end);
+  const std::int32_t last = end.isMidnight() ? endDay - 1 : endDay;
+  return {minute(start), minute(end), endDay, first, std::max(first, last)};
+}
 
 RowTimes rowTimes(const outlook::AppointmentItem& item) {
   const Date start = item.Start();
-  if (start.isMidnight()) return {0, minutesOfDay, dayNumber(start)};
-  return rowTimes(start, item.end());
+  RowTimes times = rowTimes(start, item.end());
+  if (start.isMidnight()) times.start = 0, times.end = minutesOfDay, times.date = times.firstDay;
+  return times;
 }
 
 }  // namespace tarnel

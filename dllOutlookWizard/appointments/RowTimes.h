@@ -15,12 +15,14 @@ struct RowTimes {
   std::int16_t start = 0;
   std::int16_t end = 0;
   std::int32_t date = 0;
+  std::int32_t firstDay = 0;  // the days that it touches, both included
+  std::int32_t lastDay = 0;
 
   friend bool operator==(const RowTimes&, const RowTimes&) = default;
 };
 
 // Start and end each count from the midnight of their own day; the date is the end's. So what ends at midnight stands
-// with the end minute 0 on the next day.
+// with the end minute 0 on the next day, which it does not touch. What ends before its start touches the start's alone.
 RowTimes rowTimes(Date start, Date end);
 
 // The same for an item of Outlook, but one that starts at midnight fills the day of its start, whenever it ends.

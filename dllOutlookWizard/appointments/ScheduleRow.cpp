@@ -8,6 +8,7 @@ namespace tarnel {
 
 std::int16_t addRow(ctMDay& schedule, const ScheduleRow& row) {
   const std::int16_t index = schedule.AppAdd(row.times.start, row.times.end, row.times.date, row.text, row.key);
+  schedule.setAppDays(index, row.times.firstDay, row.times.lastDay);
   if (row.color) schedule.setAppColor(index, *row.color);
   schedule.setAppOwnerImage(index, row.ownerImage);
   schedule.setAppTag(index, row.tag);

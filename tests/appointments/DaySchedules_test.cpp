@@ -53,6 +53,9 @@ TEST_F(DaySchedulesTest, anItemsTimesFollowTheMidnightsOfItsStartAndItsEnd) {
   addEvent("Over at midnight", "20261118T230000", "20261119T000000");
   addEvent("Just in", "20261119T235900", "20261120T003000");
   day().refreshDay();
+  const ctMDay::Appointment& fair = outlookSide().appointment(1);
+  EXPECT_EQ(fair.lastDay - fair.firstDay, 2);
+  EXPECT_EQ(outlookSide().appointment(5).lastDay, outlookSide().appointment(5).date - 1) << "over at midnight";
   EXPECT_EQ(rowsOf(outlookSide()),
             "00:00-24:00 18 Fair all day [1 0]\n20:00-07:00 20 Journey [1 0]\n00:00-24:00 19 From midnight [1 0]\n"
             "12:00-12:00 19 No time [1 0]\n22:00-00:00 20 To midnight [1 0]\n23:59-00:30 20 Just in [1 0]\n");
@@ -188,6 +191,7 @@ TEST_F(DaySchedulesTest, theBarsMarkAllAndNoneOfTheirSide) {
   addEvent("Dentist", "20261119T100000", "20261119T110000");
   addEvent("Copy", "20261119T120000", "20261119T130000", "Tarnel");
   day().refreshDay();
+  EXPECT_TRUE(control<SmartUI>("smtApptActions(1)").Items().Item("UPDATE").Bold());
   press("smtApptActions(0)", "ALL");
   EXPECT_EQ(rowsOf(tarnel()), "08:00-09:00 19 Work [2 3]\n10:00-11:00 19 Dentist [1 0]\n");
   EXPECT_EQ(tarnel().appointment(1).state, 0);

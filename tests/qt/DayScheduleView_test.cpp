@@ -26,7 +26,7 @@ class ScheduleForm : public Form {
       addControl(*schedule);
     }
     left.Move(0, 450, 4500, 5500);
-    right.Move(4500, 450, 4500, 5500);
+    right.Move(4500, 480, 4500, 5500);
     addControl(date);
     date.Move(0, 0, 3000, 300);
     date.setDate({static_cast<double>(day)});
@@ -99,27 +99,71 @@ TEST_F(DaySchedule, clickAndSpaceSelectWhatIsThere) {
   EXPECT_EQ(selected.size(), 2U);
 }
 
-TEST_F(DaySchedule, bothSidesStayLevel) {
+TEST_F(DaySchedule, bothSidesStayLevelThoughOneStandsLower) {
   form.left.AppAdd(540, 600, day, "A", "");
   form.right.AppAdd(540, 600, day, "B", "");
   form.right.AppAdd(0, 1439, day, "Holiday", "");
   form.right.setAppAllDay(2, true);
   QApplication::processEvents();
-  EXPECT_EQ(left().placeOf(1).top(), view(form.right).placeOf(1).top());
-  view(form.right).verticalScrollBar()->setValue(0);
-  EXPECT_EQ(left().verticalScrollBar()->value(), 0);
-  EXPECT_EQ(left().placeOf(1).top(), view(form.right).placeOf(1).top());
+  const auto height = [](DayScheduleView& schedule) {
+    return schedule.viewport()->mapTo(schedule.window(), schedule.placeOf(1).topLeft()).y();
+  };
+  EXPECT_EQ(height(left()), height(view(form.right)));
+  for (DayScheduleView* scrolled : {&left(), &view(form.right)}) {
+    scrolled->verticalScrollBar()->setValue(0);
+    EXPECT_EQ(height(left()), height(view(form.right)));
+    scrolled->verticalScrollBar()->setValue(scrolled->verticalScrollBar()->maximum());
+    EXPECT_EQ(scrolled->verticalScrollBar()->value(), left().verticalScrollBar()->maximum());
+    EXPECT_EQ(height(left()), height(view(form.right)));
+  }
 }
 
-TEST_F(DaySchedule, dayOfMinuteRowsWithManyAppointmentsIsDrawn) {
+TEST_F(DaySchedule, whatCrossesMidnightStandsOnEachOfItsDays) {
+  const auto add = [&](std::int16_t start, std::int16_t end, std::int32_t date, std::int32_t first, std::int32_t last) {
+    const std::int16_t index = form.left.AppAdd(start, end, date, "Long", "");
+    form.left.setAppDays(index, first, last);
+    return index;
+  };
+  const std::int16_t out = add(1320, 120, day + 1, day, day + 1), toMidnight = add(1260, 0, day + 1, day, day);
+  const std::int16_t in = add(1200, 420, day, day - 1, day), through = add(1200, 420, day + 1, day - 1, day + 1);
+  const std::int16_t next = add(0, 60, day + 1, day + 1, day + 1), backwards = add(840, 810, day, day, day);
+  const std::int16_t past = add(600, 660, day - 1, day - 1, day - 1);
+  left().verticalScrollBar()->setValue(0);
+  const int top = left().placeOf(in).top(), hour = ScheduleLayout::rowHeight;
+  EXPECT_EQ(left().placeOf(in).height(), 7 * hour - 1);
+  EXPECT_EQ(left().placeOf(out).top(), top + 22 * hour);
+  for (const std::int16_t atTheFoot : {out, toMidnight, next})
+    EXPECT_NEAR(left().placeOf(atTheFoot).bottom(), top + 24 * hour, 2) << atTheFoot;
+  EXPECT_LT(left().placeOf(through).bottom(), top) << "in the band";
+  EXPECT_EQ(left().placeOf(backwards).topLeft().y(), top + 14 * hour);
+  EXPECT_TRUE(left().placeOf(past).isNull());
+}
+
+TEST_F(DaySchedule, twoHundredAtOnceAreEachReachedAndDrawn) {
+  std::vector<int> selected;
+  const Connection onSelect = form.left.AppSelect.connect([&](std::int16_t index) { selected.push_back(index); });
+  for (std::int16_t i = 0; i < 200; ++i) form.left.AppAdd(600, 720, day, "At once", "");
+  const QRect seen = left().viewport()->rect();
+  for (const std::int16_t index : std::initializer_list<std::int16_t>{1, 100, 200}) {
+    EXPECT_GE(left().placeOf(index).width(), 80) << index;
+    EXPECT_GE(left().placeOf(index).left(), seen.left());
+    EXPECT_LE(left().placeOf(index).right(), seen.right());
+  }
+  left().setFocus();
+  for (int i = 0; i < 100 && left().current() < 100; ++i) QTest::keyClick(&left(), Qt::Key_Down);
+  EXPECT_EQ(left().current(), 100);
+  click(left(), 100);
+  EXPECT_EQ(selected, std::vector<int>{100}) << "what the keys lead to lies above the others";
+  EXPECT_FALSE(left().grab().isNull());
+}
+
+TEST_F(DaySchedule, dayOfMinuteRowsIsDrawnToItsEnd) {
   form.left.setUseCustomScale(1);
   form.left.setCustomScale(1);
   form.left.Redraw(true);
-  for (std::int16_t i = 0; i < 300; ++i) form.left.AppAdd(i, i, day, "Short", "");
-  left().verticalScrollBar()->setValue(0);
   EXPECT_FALSE(left().grab().isNull());
   EXPECT_EQ(left().verticalScrollBar()->maximum() + left().verticalScrollBar()->pageStep(),
-            1439 * ScheduleLayout::rowHeight);
+            1440 * ScheduleLayout::rowHeight);
 }
 
 TEST_F(DaySchedule, dateBoxChoosesDaysByButtonsAndTyping) {

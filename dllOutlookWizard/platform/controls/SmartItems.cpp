@@ -26,6 +26,7 @@ void SmartItem::setTag(std::string tag) { change(tag_, std::move(tag), Property:
 void SmartItem::setToolTipText(std::string text) { change(toolTipText_, std::move(text), Property::toolTipText); }
 void SmartItem::setHighlighted(bool highlighted) { change(highlighted_, highlighted, Property::highlighted); }
 void SmartItem::setBackColor(Color color) { change(backColor_, color, Property::backColor); }
+void SmartItem::setBold(bool bold) { change(bold_, bold, Property::bold); }
 
 void SmartItem::putValue(Variant value) { change(value_, std::move(value), Property::value); }
 

@@ -40,7 +40,7 @@ constexpr Color rgb(int red, int green, int blue) { return red | green << 8 | bl
 // One item of a SmartUI. Belongs to its collection and goes with it.
 class SmartItem {
  public:
-  enum class Property { caption, value, checked, visible, picture, tag, toolTipText, highlighted, backColor };
+  enum class Property { caption, value, checked, visible, picture, tag, toolTipText, highlighted, backColor, bold };
 
   SmartItem(SmartItems& owner, std::string key, std::string caption, ItemType type, std::string picture);
   ~SmartItem();
@@ -75,6 +75,10 @@ class SmartItem {
   Color BackColor() const { return backColor_; }
   void setBackColor(Color color);
 
+  // Whether the caption is bold.
+  bool Bold() const { return bold_; }
+  void setBold(bool bold);
+
   SmartItems& SubItems();
   // None before SubItems was first asked for.
   const SmartItems* subItemsIfAny() const { return subItems_.get(); }
@@ -101,6 +105,7 @@ class SmartItem {
   bool checked_ = false;
   bool visible_ = true;
   bool highlighted_ = false;
+  bool bold_ = false;
 };
 
 // The items of a SmartUI, or the entries of a drop-down item. Items keep their addresses until they are removed.

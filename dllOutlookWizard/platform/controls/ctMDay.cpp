@@ -20,7 +20,7 @@ std::int16_t ctMDay::AppAdd(std::int16_t start, std::int16_t end, std::int32_t d
   Appointment added;
   added.start = start;
   added.end = end;
-  added.date = date;
+  added.date = added.firstDay = added.lastDay = date;
   added.text = std::move(text);
   added.key = std::move(key);
   appointments_.push_back(std::move(added));

@@ -21,6 +21,8 @@ class ctMDay : public Control {
     std::int16_t start = 0;
     std::int16_t end = 0;
     std::int32_t date = 0;
+    std::int32_t firstDay = 0;  // the days that it stands on, both included
+    std::int32_t lastDay = 0;
     std::string text;
     std::string key;
     std::string tag;
@@ -34,7 +36,7 @@ class ctMDay : public Control {
   };
 
   void AppClear();
-  // Appends; the new appointment's index is the count behind it.
+  // Appends; the new appointment's index is the count behind it. It stands on `date` alone until AppDays are set.
   std::int16_t AppAdd(std::int16_t start, std::int16_t end, std::int32_t date, std::string text, std::string key);
   std::int16_t AppCount() const { return static_cast<std::int16_t>(appointments_.size()); }
   // Those behind it move down by one.
@@ -56,6 +58,10 @@ class ctMDay : public Control {
   void setAppDate(std::int16_t index, std::int32_t date) { change(index).date = date, changed(); }
   void setAppStart(std::int16_t index, std::int16_t start) { change(index).start = start, changed(); }
   void setAppEnd(std::int16_t index, std::int16_t end) { change(index).end = end, changed(); }
+  // What spans several days is drawn on each of them, with a sign where it goes on. `date` and the minutes stay.
+  void setAppDays(std::int16_t index, std::int32_t first, std::int32_t last) {
+    change(index).firstDay = first, change(index).lastDay = last, changed();
+  }
   void setAppText(std::int16_t index, std::string text) { change(index).text = std::move(text), changed(); }
 
   // Drops the selection that is being made, so that no AppSelect follows. Meant for an AppPreSelect handler.

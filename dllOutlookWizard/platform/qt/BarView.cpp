@@ -107,7 +107,11 @@ int BarView::widthOfAll(int padding) const {
 }
 
 void BarView::useFont(const QFont& font) {
-  for (const Place& place : places_) place.widget->setFont(font);
+  for (const Place& place : places_) {
+    QFont own = font;
+    own.setBold(place.item->Bold());
+    place.widget->setFont(own);
+  }
 }
 
 int BarView::fittingPadding() {
@@ -151,6 +155,9 @@ void BarView::fillOverflow() {
     if (item->Type() == ItemType::menu) continue;
     QAction* action = menu.addAction(text(item->Caption()));
     action->setToolTip(text(item->ToolTipText()));
+    QFont font = menu.font();
+    font.setBold(item->Bold());
+    action->setFont(font);
     action->setCheckable(item->Type() != ItemType::button);
     action->setChecked(item->Checked());
     connect(action, &QAction::triggered, this, [this, item] { site().act([&] { control().press(*item); }); });

@@ -1,6 +1,7 @@
 #include <QDateTime>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTextLayout>
 
 #include "Colors.h"
 #include "DayScheduleView.h"
@@ -14,6 +15,7 @@ namespace tarnel::qt {
 namespace {
 
 constexpr int pictureSide = 14;
+constexpr int signSide = 9;
 constexpr int minutesOfHour = 60;
 const QColor nowColor(0xD9, 0x3A, 0x2B);
 
@@ -29,29 +31,83 @@ QString rowLabel(int minute, int minutesPerRow) {
   return QStringLiteral(":%1").arg(minute % minutesOfHour, 2, 10, QChar(u'0'));
 }
 
+// A triangle at the edge behind which the appointment goes on.
+void paintSign(QPainter& painter, const QRect& box, bool sideways, bool atEnd) {
+  const double reach = atEnd ? 4 : -4;
+  const double x = sideways && !atEnd ? box.left() + 6 : box.right() - 5;
+  const double y = sideways ? box.top() + box.height() / 2.0 : atEnd ? box.bottom() - 7 : box.top() + 8;
+  const QPointF base(x - (sideways ? reach / 2 : 0), y - (sideways ? 0 : reach / 2));
+  painter.drawPolygon(sideways ? QPolygonF{base - QPointF(0, 4), base + QPointF(0, 4), base + QPointF(reach, 0)}
+                               : QPolygonF{base - QPointF(4, 0), base + QPointF(4, 0), base + QPointF(0, reach)});
+}
+
+// As many whole lines as fit, the first one behind `indent`; what is left over is told by dots.
+void paintLines(QPainter& painter, const QRect& place, int indent, const QString& shown) {
+  const QFontMetrics metrics = painter.fontMetrics();
+  const int lines = std::max(place.height() / metrics.height(), 1);
+  QTextLayout layout(shown, painter.font());
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  layout.beginLayout();
+  for (int i = 0; i < lines; ++i) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    const int left = i == 0 ? indent : 0;
+    const QRect room = lines == 1 ? place.adjusted(left, 0, 0, 0)
+                                  : QRect(place.left() + left, place.top() + i * metrics.height(), place.width() - left,
+                                          metrics.height());
+    line.setLineWidth(room.width());
+    const bool last = i + 1 == lines;
+    const QString text = shown.mid(line.textStart(), last ? -1 : line.textLength());
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     last ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text);
+  }
+  layout.endLayout();
+}
+
 bool isToday(Date day) { return toQDate(day) == QDate::currentDate(); }
 
 }  // namespace
 
 void DayScheduleView::paintEvent(QPaintEvent*) {
   layOut();
+  const Head head = this->head();
   QPainter painter(viewport());
   painter.fillRect(viewport()->rect(), palette().color(QPalette::Base));
-  painter.setClipRect(viewport()->rect().adjusted(0, headHeight(), 0, 0));
-  paintRows(painter);
-  for (const ScheduleLayout::Box& box : layout_.boxes())
-    if (!box.allDay) paintBox(painter, box);
-  paintNow(painter);
+  painter.setClipRect(viewport()->rect().adjusted(0, head.whole, 0, 0));
+  paintRows(painter, head);
+  paintBoxes(painter, head, false);
+  paintNow(painter, head);
   painter.setClipping(false);
-  paintHead(painter);
-  for (const ScheduleLayout::Box& box : layout_.boxes())
-    if (box.allDay) paintBox(painter, box);
+  paintHead(painter, head);
+  paintBoxes(painter, head, true);
 }
 
-void DayScheduleView::paintRows(QPainter& painter) const {
+void DayScheduleView::paintBoxes(QPainter& painter, const Head& head, bool inBand) const {
+  const QRect seen = viewport()->rect();
+  const ScheduleLayout::Box* above = nullptr;
+  const auto& boxes = layout_.boxes();
+  for (std::size_t i = 0; i < boxes.size(); ++i) {
+    const ScheduleLayout::Box& box = boxes[i];
+    // Of a hand of cards most may lie under the next one to the last line.
+    const bool covered =
+        i + 1 < boxes.size() && boxes[i + 1].inBand == inBand && boxes[i + 1].place.contains(box.place);
+    if (box.inBand != inBand || (covered && box.index != raised())) continue;
+    const QRect place = onViewport(box, head);
+    if (!place.intersects(seen)) continue;
+    if (box.index == raised())
+      above = &box;
+    else
+      paintBox(painter, box, place);
+  }
+  if (above) paintBox(painter, *above, onViewport(*above, head));
+}
+
+void DayScheduleView::paintRows(QPainter& painter, const Head& head) const {
   const QColor base = palette().color(QPalette::Base);
   const QColor ink = palette().color(QPalette::Text);
-  const int top = headHeight() - verticalScrollBar()->value();
+  const int top = head.whole - verticalScrollBar()->value();
   painter.fillRect(0, 0, timesWidth(), viewport()->height(), palette().color(QPalette::Window));
   const int first = std::max(verticalScrollBar()->value() / ScheduleLayout::rowHeight, 0);
   const int last = std::min(first + viewport()->height() / ScheduleLayout::rowHeight + 1, layout_.rows() - 1);
@@ -67,27 +123,31 @@ void DayScheduleView::paintRows(QPainter& painter) const {
   painter.fillRect(timesWidth() - 1, 0, 1, viewport()->height(), lineColor(palette()));
 }
 
-void DayScheduleView::paintHead(QPainter& painter) const {
-  const QRect head(0, 0, viewport()->width(), headHeight());
-  painter.fillRect(head, palette().color(QPalette::Window));
-  const QRect title(0, 0, head.width(), titleHeight());
+void DayScheduleView::paintHead(QPainter& painter, const Head& head) const {
+  const QRect all(0, 0, viewport()->width(), head.whole);
+  painter.fillRect(all, palette().color(QPalette::Window));
+  const QRect title(0, 0, all.width(), head.title);
   const bool today = isToday(control_.ShowDate());
   if (today) painter.fillRect(title, bandColor(palette()));
+  painter.setPen(palette().color(QPalette::WindowText));
+  QString notShown;
+  if (layout_.before() > 0) notShown += QStringLiteral("\u2191%1 ").arg(layout_.before());
+  if (layout_.behind() > 0) notShown += QStringLiteral("\u2193%1 ").arg(layout_.behind());
+  painter.drawText(title, Qt::AlignRight | Qt::AlignVCenter, notShown);
   QFont bold = font();
   bold.setBold(true);
   painter.setFont(bold);
-  painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(title, Qt::AlignCenter,
                    QLocale::c().toString(toQDate(control_.ShowDate()), QStringLiteral("ddd, MMMM d")));
   painter.setFont(font());
-  painter.fillRect(0, head.height() - 1, head.width(), 1, lineColor(palette()));
+  painter.fillRect(0, all.height() - 1, all.width(), 1, lineColor(palette()));
 }
 
-void DayScheduleView::paintNow(QPainter& painter) const {
+void DayScheduleView::paintNow(QPainter& painter, const Head& head) const {
   if (!isToday(control_.ShowDate())) return;
   const int now = layout_.at(QTime::currentTime().msecsSinceStartOfDay() / 60000);
   if (now < 0 || now > layout_.height()) return;
-  const int y = headHeight() - verticalScrollBar()->value() + now;
+  const int y = head.whole - verticalScrollBar()->value() + now;
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(nowColor);
@@ -95,32 +155,35 @@ void DayScheduleView::paintNow(QPainter& painter) const {
   painter.drawEllipse(QPointF(timesWidth(), y), 4, 4);
 }
 
-void DayScheduleView::paintBox(QPainter& painter, const ScheduleLayout::Box& box) const {
+void DayScheduleView::paintBox(QPainter& painter, const ScheduleLayout::Box& box, const QRect& place) const {
   const ctMDay::Appointment& appointment = control_.appointment(box.index);
-  const QRect place = onViewport(box);
-  if (!place.intersects(viewport()->rect())) return;
   const QColor ground = toQColor(appointment.color);
   const QColor ink = readableOn(ground);
   const bool current = hasFocus() && box.index == current_;
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(current ? accentColor(palette()) : blend(ground, ink, 0.45), current ? 2 : 1));
+  painter.setPen(QPen(blend(ground, ink, current ? 1 : 0.45), current ? 2 : 1));
   painter.setBrush(ground);
   painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ink);
+  if (appointment.markImage != 0) painter.drawRect(QRectF(place).adjusted(1, 2, 4 - place.width(), -2));
+  if (box.startsBefore) paintSign(painter, place, box.inBand, false);
+  if (box.endsLater) paintSign(painter, place, box.inBand, true);
 
-  QRect inside = place.adjusted(4, 1, -3, -1);
+  QRect inside = place.adjusted(5, 1, -2, -1);
+  if (box.startsBefore && box.inBand) inside.setLeft(inside.left() + signSide);
+  if (box.endsLater || box.startsBefore) inside.setRight(inside.right() - signSide);
   const bool oneLine = inside.height() < 2 * fontMetrics().height();
   const double pictureTop = oneLine ? (inside.height() - pictureSide) / 2.0 : 1;
+  int indent = 0;
   for (const std::int16_t number : {appointment.markImage, appointment.ownerImage}) {
     const std::string picture = control_.image(number);
-    if (picture.empty() || inside.width() < pictureSide) continue;
-    paintPicture(painter, QRectF(inside.left(), inside.top() + pictureTop, pictureSide, pictureSide), picture);
-    inside.setLeft(inside.left() + pictureSide + 3);
+    if (picture.empty() || inside.width() < indent + pictureSide) continue;
+    paintPicture(painter, QRectF(inside.left() + indent, inside.top() + pictureTop, pictureSide, pictureSide), picture);
+    indent += pictureSide + 3;
   }
   painter.setPen(ink);
-  const QString shown = qt::oneLine(appointment.text);
-  painter.drawText(inside,
-                   (oneLine ? Qt::AlignVCenter | Qt::TextSingleLine : Qt::AlignTop | Qt::TextWordWrap) | Qt::AlignLeft,
-                   oneLine ? fontMetrics().elidedText(shown, Qt::ElideRight, inside.width()) : shown);
+  if (indent < inside.width()) paintLines(painter, inside, indent, qt::oneLine(appointment.text));
 }
 
 }  // namespace tarnel::qt

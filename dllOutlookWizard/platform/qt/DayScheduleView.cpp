@@ -13,7 +13,13 @@
 namespace tarnel::qt {
 namespace {
 constexpr int morning = 8 * 60;  // what a long day is scrolled to at first
+constexpr int leastTitle = 20;   // pixels
+constexpr int minutesOfDay = 1440;
+
+QString dayName(std::int32_t day) {
+  return QLocale::c().toString(toQDate(Date{static_cast<double>(day)}), QStringLiteral("ddd, MMMM d"));
 }
+}  // namespace
 
 DayScheduleView::DayScheduleView(ctMDay& control, ViewSite& site, QWidget* parent)
     : QAbstractScrollArea(parent), control_(control), site_(site) {
@@ -23,6 +29,7 @@ DayScheduleView::DayScheduleView(ctMDay& control, ViewSite& site, QWidget* paren
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::StrongFocus);
   setFont(formFont());
+  viewport()->setMouseTracking(true);
   verticalScrollBar()->setSingleStep(ScheduleLayout::rowHeight);
   onChange_ = control.changed.connect([this] { changed(); });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
@@ -42,10 +49,10 @@ void DayScheduleView::layOut() {
   const int topMinute = layout_.minuteAt(verticalScrollBar()->value());
   layout_ = ScheduleLayout(control_, viewport()->width() - timesWidth());
   if (current_ > control_.AppCount()) current_ = 0;
+  hovered_ = 0;
   for (DayScheduleView* peer : peers()) peer->layOut();
-  const int room = viewport()->height() - headHeight();
-  verticalScrollBar()->setPageStep(std::max(room, 1));
-  verticalScrollBar()->setRange(0, std::max(layout_.height() - room, 0));
+  verticalScrollBar()->setPageStep(std::max(room(), 1));
+  verticalScrollBar()->setRange(0, std::max(layout_.height() - room(), 0));
   // Other hours or another scale: what was at the top stays there.
   if (layout_.minuteAt(verticalScrollBar()->value()) != topMinute) verticalScrollBar()->setValue(layout_.at(topMinute));
 }
@@ -57,28 +64,45 @@ std::vector<DayScheduleView*> DayScheduleView::peers() const {
   return found;
 }
 
-int DayScheduleView::headHeight() const {
+// Wherever the schedules stand, the first rows of all start at one height.
+DayScheduleView::Head DayScheduleView::head() const {
+  const auto top = [](const DayScheduleView& each) { return each.viewport()->mapTo(each.window(), QPoint()).y(); };
+  int lowest = top(*this);
   int band = layout_.bandHeight();
-  for (const DayScheduleView* peer : peers()) band = std::max(band, peer->layout_.bandHeight());
-  return titleHeight() + band;
+  for (const DayScheduleView* peer : peers()) {
+    lowest = std::max(lowest, top(*peer));
+    band = std::max(band, peer->layout_.bandHeight());
+  }
+  const int title = lowest - top(*this) + leastTitle;
+  return {title, title + band};
 }
 
-QRect DayScheduleView::onViewport(const ScheduleLayout::Box& box) const {
-  const int top = box.allDay ? titleHeight() : headHeight() - verticalScrollBar()->value();
-  return box.place.translated(timesWidth(), top);
+int DayScheduleView::room() const {
+  int least = viewport()->height() - head().whole;
+  for (const DayScheduleView* peer : peers()) least = std::min(least, peer->viewport()->height() - peer->head().whole);
+  return least;
+}
+
+QRect DayScheduleView::onViewport(const ScheduleLayout::Box& box, const Head& head) const {
+  return box.place.translated(timesWidth(), box.inBand ? head.title : head.whole - verticalScrollBar()->value());
 }
 
 QRect DayScheduleView::placeOf(std::int16_t index) {
   layOut();
   const auto box = std::ranges::find(layout_.boxes(), index, &ScheduleLayout::Box::index);
-  return box == layout_.boxes().end() ? QRect() : onViewport(*box);
+  return box == layout_.boxes().end() ? QRect() : onViewport(*box, head());
 }
 
 std::int16_t DayScheduleView::appointmentAt(const QPoint& at) {
   layOut();
-  for (const ScheduleLayout::Box& box : layout_.boxes())
-    if (onViewport(box).contains(at) && (box.allDay || at.y() >= headHeight())) return box.index;
-  return 0;
+  const auto holds = [&, head = head()](const ScheduleLayout::Box& box) {
+    return onViewport(box, head).contains(at) && (box.inBand || at.y() >= head.whole);
+  };
+  const auto& boxes = layout_.boxes();
+  const auto above = std::ranges::find(boxes, raised(), &ScheduleLayout::Box::index);
+  if (above != boxes.end() && holds(*above)) return above->index;
+  const auto uppermost = std::find_if(boxes.rbegin(), boxes.rend(), holds);
+  return uppermost == boxes.rend() ? std::int16_t{0} : uppermost->index;
 }
 
 void DayScheduleView::resizeEvent(QResizeEvent* event) {
@@ -110,8 +134,15 @@ void DayScheduleView::mouseReleaseEvent(QMouseEvent* event) {
   if (pressed != 0 && appointmentAt(event->position().toPoint()) == pressed) select(pressed);
 }
 
+void DayScheduleView::mouseMoveEvent(QMouseEvent* event) { hover(appointmentAt(event->position().toPoint())); }
+
+void DayScheduleView::hover(std::int16_t index) {
+  if (std::exchange(hovered_, index) != index) viewport()->update();
+}
+
 void DayScheduleView::keyPressEvent(QKeyEvent* event) {
   layOut();
+  hover(0);  // the keys' own appointment is the one to be seen
   QScrollBar& bar = *verticalScrollBar();
   switch (event->key()) {
     case Qt::Key_Space:
@@ -151,7 +182,7 @@ void DayScheduleView::walk(int step) {
 
 void DayScheduleView::bringIntoView(std::int16_t index) {
   const auto box = std::ranges::find(layout_.boxes(), index, &ScheduleLayout::Box::index);
-  if (box == layout_.boxes().end() || box->allDay) return;
+  if (box == layout_.boxes().end() || box->inBand) return;
   QScrollBar& bar = *verticalScrollBar();
   if (box->place.top() < bar.value()) bar.setValue(box->place.top());
   if (box->place.bottom() > bar.value() + bar.pageStep())
@@ -167,17 +198,33 @@ void DayScheduleView::focusInEvent(QFocusEvent* event) {
 
 QString DayScheduleView::describe(std::int16_t index) const {
   const ctMDay::Appointment& appointment = control_.appointment(index);
-  const QString when = appointment.allDay
-                           ? tr("All day")
-                           : timeText(appointment.start) + QStringLiteral(" - ") + timeText(appointment.end);
+  const auto dated = [this](std::int32_t day, std::int16_t minute) {
+    const QString time = timeText(minute);
+    return day == static_cast<std::int32_t>(control_.ShowDate().days) ? time : dayName(day) + u' ' + time;
+  };
+  const bool wholeDay = appointment.allDay || (appointment.start == 0 && appointment.end == minutesOfDay);
+  QString when = dated(appointment.firstDay, appointment.start) + tr(" - ") + dated(appointment.date, appointment.end);
+  if (wholeDay) when = tr("All day");
+  if (wholeDay && appointment.firstDay != appointment.lastDay)
+    when += tr(", %1 to %2").arg(dayName(appointment.firstDay), dayName(appointment.lastDay));
+  if (appointment.date == appointment.firstDay && appointment.end < appointment.start)
+    when += tr(" (it ends before it starts)");
+  if (appointment.markImage != 0) when += tr(", selected");
   return when + u'\n' + text(appointment.text);
 }
 
+QString DayScheduleView::hoursNotShown() const {
+  if (layout_.before() + layout_.behind() == 0) return {};
+  return tr("Outside the hours shown: %1 earlier, %2 later").arg(layout_.before()).arg(layout_.behind());
+}
+
 bool DayScheduleView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::Leave) hover(0);
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto& help = static_cast<QHelpEvent&>(*event);
   const std::int16_t index = appointmentAt(help.pos());
-  QToolTip::showText(help.globalPos(), index == 0 ? QString() : qt::toolTip(describe(index)), viewport());
+  const QString tip = help.pos().y() < head().title ? hoursNotShown() : index == 0 ? QString() : describe(index);
+  QToolTip::showText(help.globalPos(), qt::toolTip(tip), viewport());
   return true;
 }
 

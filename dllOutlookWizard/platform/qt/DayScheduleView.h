@@ -9,8 +9,8 @@
 namespace tarnel::qt {
 
 // One day: its name, a band of what lasts all day, then rows of hours with the appointments on them. A click, or the
-// space bar on the one that the arrow keys lead to, selects an appointment. Schedules in one window scroll together
-// and keep their rows level.
+// space bar on the one that the arrow keys lead to, selects an appointment; it and the one under the pointer lie above
+// the others. Schedules in one window scroll together and keep their rows level.
 class DayScheduleView : public QAbstractScrollArea {
  public:
   DayScheduleView(ctMDay& control, ViewSite& site, QWidget* parent);
@@ -26,6 +26,7 @@ class DayScheduleView : public QAbstractScrollArea {
   void showEvent(QShowEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   bool viewportEvent(QEvent* event) override;
@@ -34,21 +35,33 @@ class DayScheduleView : public QAbstractScrollArea {
   void changed();
   void layOut();
   std::vector<DayScheduleView*> peers() const;
-  // Of the day's name, and of the times beside the rows, in pixels.
-  static int titleHeight() { return 20; }
+  // What stands above the rows, in pixels: the day's name, and that with the band below it.
+  struct Head {
+    int title;
+    int whole;
+  };
+  Head head() const;
+  // Of the times beside the rows.
   static int timesWidth() { return 46; }
-  int headHeight() const;
+  // Of the rows that can be seen, on the schedule where they are fewest.
+  int room() const;
   std::int16_t appointmentAt(const QPoint& at);
   void select(std::int16_t index);
   void walk(int step);
   void bringIntoView(std::int16_t index);
+  void hover(std::int16_t index);
+  // What lies above the others; 0 for none.
+  std::int16_t raised() const { return hovered_ != 0 ? hovered_ : hasFocus() ? current_ : std::int16_t{0}; }
+  // What a tool tip tells of an appointment, and of the day's name.
   QString describe(std::int16_t index) const;
+  QString hoursNotShown() const;
 
-  void paintRows(QPainter& painter) const;
-  void paintHead(QPainter& painter) const;
-  void paintNow(QPainter& painter) const;
-  void paintBox(QPainter& painter, const ScheduleLayout::Box& box) const;
-  QRect onViewport(const ScheduleLayout::Box& box) const;
+  void paintRows(QPainter& painter, const Head& head) const;
+  void paintBoxes(QPainter& painter, const Head& head, bool inBand) const;
+  void paintHead(QPainter& painter, const Head& head) const;
+  void paintNow(QPainter& painter, const Head& head) const;
+  void paintBox(QPainter& painter, const ScheduleLayout::Box& box, const QRect& place) const;
+  QRect onViewport(const ScheduleLayout::Box& box, const Head& head) const;
 
   ctMDay& control_;
   ViewSite& site_;
@@ -57,6 +70,7 @@ class DayScheduleView : public QAbstractScrollArea {
   bool seen_ = false;
   std::int16_t current_ = 0;
   std::int16_t pressed_ = 0;
+  std::int16_t hovered_ = 0;
   Connection onChange_;
 };
 

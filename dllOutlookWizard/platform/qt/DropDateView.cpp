@@ -10,8 +10,8 @@
 
 namespace tarnel::qt {
 namespace {
-constexpr int stepWidth = 14;  // pixels
-constexpr int todayWidth = 40;
+constexpr int stepWidth = 16;  // pixels
+constexpr int besideToday = 6;
 constexpr int gap = 2;
 }  // namespace
 
@@ -55,7 +55,8 @@ void DropDateView::resizeEvent(QResizeEvent*) {
   int left = std::min(width(), edit_->sizeHint().width());
   edit_->setGeometry(0, 0, left, height());
   for (QPushButton* button : {before_, today_, after_}) {
-    const int wide = button == today_ ? todayWidth : stepWidth;
+    const int caption = button->fontMetrics().horizontalAdvance(button->text());
+    const int wide = button == today_ ? caption + 2 * besideToday : stepWidth;
     const bool fits = left + gap + wide <= width();
     button->setVisible(fits);
     if (!fits) continue;
