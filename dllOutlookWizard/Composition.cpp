@@ -37,7 +37,7 @@ struct Composition::Parts {
 
   SystemClock clock;
   Locale locale = Locale::ofSystem();
-  FileRegistry registry{folders::config() / "registry"};
+  FileRegistry registry{folders::registry()};
   sqlite::SqliteProvider database;
   mailbox::OutlookFactory outlook;
 };
@@ -54,7 +54,8 @@ const Clock& Composition::clock() const { return parts_->clock; }
 Registry& Composition::registry() { return parts_->registry; }
 ado::Provider& Composition::database() { return parts_->database; }
 
-void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities) {
+void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities,
+                          std::filesystem::path applicationFolder) {
   installPlatform({.desktop = desktop,
                    .clock = parts_->clock,
                    .locale = parts_->locale,
@@ -63,7 +64,7 @@ void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, Tarnel
                    .outlook = parts_->outlook,
                    .errorReport = errorReport,
                    .utilities = utilities,
-                   .applicationFolder = programFolder()});
+                   .applicationFolder = std::move(applicationFolder)});
 }
 
 std::unique_ptr<script::ScriptDesktop> Composition::scriptDesktop(std::istream& commands, std::ostream& facts) {
@@ -81,6 +82,11 @@ std::unique_ptr<script::ScriptDesktop> Composition::scriptDesktop(std::istream& 
 
 #ifdef TARNEL_QT
 namespace {
+
+// What a window system takes as the arguments of the program, for as long as the process lives.
+int argumentCount = 1;
+char programName[] = "tarnel";
+char* programArguments[] = {programName, nullptr};
 
 // A desktop together with the application that it needs.
 template <class Face>
@@ -101,32 +107,28 @@ std::shared_ptr<Desktop> desktopOn(std::unique_ptr<qt::QtApplication> applicatio
 
 }  // namespace
 
-std::shared_ptr<Desktop> Composition::windowDesktop(int& argc, char** argv) {
-  return desktopOn<qt::QtDesktop>(std::make_unique<qt::QtApplication>(argc, argv));
+std::shared_ptr<Desktop> Composition::windowDesktop() {
+  return desktopOn<qt::QtDesktop>(std::make_unique<qt::QtApplication>(argumentCount, programArguments));
 }
 
-std::shared_ptr<Desktop> Composition::pictureDesktop(int& argc, char** argv, const PictureOptions& options,
-                                                     std::ostream& told) {
+std::shared_ptr<Desktop> Composition::pictureDesktop(const PictureOptions& options, std::ostream& told) {
   const qt::Colors colors = options.dark ? qt::Colors::dark : qt::Colors::light;
   return desktopOn<qt::PictureDesktop>(
-      std::make_unique<qt::QtApplication>(qt::QtApplication::WithoutScreen{}, argc, argv, colors), options.folder,
-      options.scale, told);
+      std::make_unique<qt::QtApplication>(qt::QtApplication::WithoutScreen{}, argumentCount, programArguments, colors),
+      options.folder, options.scale, told);
 }
 #else
 namespace {
 
 [[noreturn]] void failWithoutWindows() {
-  throw Failure(failure::noSuchObject, "This program was built without windows; \"tarnel drive\" runs the same wizard");
+  throw Failure(failure::noSuchObject,
+                "The component was built without windows; \"tarnel drive\" runs the same wizard");
 }
 
 }  // namespace
 
-std::shared_ptr<Desktop> Composition::windowDesktop(int&, char**) { failWithoutWindows(); }
-std::shared_ptr<Desktop> Composition::pictureDesktop(int&, char**, const PictureOptions&, std::ostream&) {
-  failWithoutWindows();
-}
+std::shared_ptr<Desktop> Composition::windowDesktop() { failWithoutWindows(); }
+std::shared_ptr<Desktop> Composition::pictureDesktop(const PictureOptions&, std::ostream&) { failWithoutWindows(); }
 #endif
-
-std::filesystem::path programFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
 
 }  // namespace tarnel

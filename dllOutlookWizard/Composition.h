@@ -35,25 +35,23 @@ class Composition {
   Registry& registry();
   ado::Provider& database();
 
-  // Makes the parts and these ones, which the caller owns, this thread's platform.
-  void install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities);
+  // Makes the parts and these ones, which the caller owns, this thread's platform. Help pages and settings file lie in
+  // `applicationFolder`.
+  void install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities,
+               std::filesystem::path applicationFolder);
 
   // A desktop without a screen that knows the wizard's form.
   static std::unique_ptr<script::ScriptDesktop> scriptDesktop(std::istream& commands, std::ostream& facts);
-  // The screen. `argc` and `argv` are main's and stay as long. Failure 53 when no screen can be reached, 429 when the
-  // program was built without windows; so does the next.
-  static std::shared_ptr<Desktop> windowDesktop(int& argc, char** argv);
+  // The screen. Failure 53 when none can be reached, 429 when the component was built without windows; so does the
+  // next.
+  static std::shared_ptr<Desktop> windowDesktop();
   // Saves a picture of the window for each tab and closes it, on machines without a screen too. `told` takes what
   // boxes would say.
-  static std::shared_ptr<Desktop> pictureDesktop(int& argc, char** argv, const PictureOptions& options,
-                                                 std::ostream& told);
+  static std::shared_ptr<Desktop> pictureDesktop(const PictureOptions& options, std::ostream& told);
 
  private:
   struct Parts;
   std::unique_ptr<Parts> parts_;
 };
-
-// The folder that the running program lies in.
-std::filesystem::path programFolder();
 
 }  // namespace tarnel

@@ -1,10 +1,13 @@
 #include "CommandLine.h"
 
+#include <unistd.h>
+
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "Conversions.h"
-#include "HostParts.h"
 #include "NewDatabase.h"
+#include "Profiles.h"
 #include "SubCommands.h"
 #include "SystemClock.h"
 #include "WizardRun.h"
@@ -101,6 +104,7 @@ class CommandLine {
         "  check CONTROL KEY on|off                  check an item or take its check away\n"
         "  choose CONTROL KEY CAPTION                pick an entry of a drop-down item\n"
         "  date YYYY-MM-DD | select N INDEX          the date box; select a row of ctDaySked(N)\n"
+        "  follow LINK                               a link of the help page shown\n"
         "  resize WIDTH HEIGHT | split NAME WIDTH    in twips\n"
         "  answer yes|no                             answer the next question; without one the answer is no\n"
         "Words with blanks stand in double quotes. The end of the input closes the window.\n");
@@ -138,32 +142,38 @@ class CommandLine {
                        "How help topics are printed: NAME=VALUE entries, each ended by a tab");
   }
 
-  // A mailbox that was named must be there; the user's own comes into being with its first use.
-  Composition wizardParts() {
-    if (!options_.mailbox) makeSureOfMailbox(defaultMailbox());
-    return hostParts(options_.mailbox);
+  // A line for each fact, flushed: the wizard writes to the same place.
+  static void writeFact(const nlohmann::ordered_json& fact) {
+    std::cout << fact.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << std::endl;
+  }
+
+  static void writeEvent(const std::string& name, const EventArguments& values) {
+    nlohmann::ordered_json fact{{"event", name}};
+    for (const auto& [argument, value] : values) {
+      const auto* number = value.get<std::int32_t>();
+      fact[argument] = number ? nlohmann::ordered_json(*number) : nlohmann::ordered_json(textOrEmpty(value));
+    }
+    writeFact(fact);
   }
 
   bool drive() {
-    Composition parts = wizardParts();
-    const auto desktop = Composition::scriptDesktop(std::cin, std::cout);
-    const bool good = runWizard(parts, *desktop, options_, [&](const std::string& name, const EventArguments& values) {
-      desktop->tellEvent(name, values);
-    });
-    desktop->tellReturned(good);
+    const auto script = [](TarnelWizardControl& control) { return control.UseScript(STDIN_FILENO, STDOUT_FILENO); };
+    const bool good = runWizard(options_, script, writeEvent);
+    writeFact({{"returned", good}});
     return good;
   }
 
   bool openWindow() {
-    Composition parts = wizardParts();
-    const auto desktop = Composition::windowDesktop(argc_, argv_);
-    return runWizard(parts, *desktop, options_, sayEvent);
+    return runWizard(
+        options_, [](TarnelWizardControl& control) { return control.UseWindow(); }, sayEvent);
   }
 
   bool savePictures() {
-    Composition parts = wizardParts();
-    const auto desktop = Composition::pictureDesktop(argc_, argv_, pictures_, std::cout);
-    return runWizard(parts, *desktop, options_, sayEvent);
+    const auto pictures = [this](TarnelWizardControl& control) {
+      const TarnelText folder = tarnelText(pictures_.folder.c_str());
+      return control.UsePictures(&folder, pictures_.scale, pictures_.dark ? TARNEL_YES : TARNEL_NO, STDOUT_FILENO);
+    };
+    return runWizard(options_, pictures, sayEvent);
   }
 
   static void sayEvent(const std::string& name, const EventArguments& values) {
@@ -178,7 +188,11 @@ class CommandLine {
   Action action_;
   std::filesystem::path file_ = defaultDatabase();
   bool demo_ = false;
-  PictureOptions pictures_;
+  struct {
+    std::filesystem::path folder;
+    double scale = 1;
+    bool dark = false;
+  } pictures_;
   WizardOptions options_;
 };
 

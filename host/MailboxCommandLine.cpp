@@ -2,10 +2,12 @@
 #include <memory>
 
 #include "Failure.h"
-#include "HostParts.h"
+#include "FileRegistry.h"
+#include "Folders.h"
 #include "MailboxCommands.h"
 #include "Profiles.h"
 #include "SubCommands.h"
+#include "SystemClock.h"
 
 namespace tarnel::host {
 namespace {
@@ -19,10 +21,11 @@ struct Options {
   bool json = false;
 };
 
-std::filesystem::path mailboxOf(const Options& options, Composition& parts) {
+std::filesystem::path mailboxOf(const Options& options) {
   if (!options.mailbox.empty()) return options.mailbox;
   if (options.profile.empty()) return defaultMailbox();
-  const auto file = Profiles(parts.registry()).mailboxOf(options.profile);
+  FileRegistry registry(folders::registry());
+  const auto file = Profiles(registry).mailboxOf(options.profile);
   if (!file) throw Failure(failure::invalidCall, "There is no profile \"" + options.profile + "\".");
   return *file;
 }
@@ -40,8 +43,8 @@ void addMailboxCommand(CLI::App& app, Action& action) {
     CLI::App* command = mailbox->add_subcommand(name, about)->fallthrough();
     command->callback([&action, options, act] {
       action = [options, act] {
-        Composition parts = hostParts();
-        return act(MailboxCommands(mailboxOf(*options, parts), parts.clock(), std::cout));
+        const SystemClock clock;
+        return act(MailboxCommands(mailboxOf(*options), clock, std::cout));
       };
     });
     return command;

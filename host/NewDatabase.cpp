@@ -60,16 +60,11 @@ class DraftMailbox {
 
 fs::path defaultDatabase() { return folders::data() / "TarnelData.db"; }
 
-void makeSureOfMailbox(const fs::path& mailboxFile) {
-  const fs::path path = readyPath(mailboxFile);
-  if (!fs::exists(fs::symlink_status(path))) mailbox::createMailbox(path);
-}
-
 void newDatabase(const fs::path& file, const fs::path& mailboxFile) {
   sqlite::createDatabase(readyPath(file), taskDatabaseScript() +
                                               "INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" +
                                               sqlText(GetANewGuid()) + ", 'My Tasks');\n");
-  makeSureOfMailbox(mailboxFile);
+  mailbox::makeSureOfMailbox(fs::absolute(mailboxFile));
 }
 
 void newDemo(const fs::path& file, const fs::path& mailboxFile, const Clock& clock) {

@@ -15,9 +15,6 @@ std::filesystem::path defaultDatabase();
 // is left half-written.
 void newDatabase(const std::filesystem::path& file, const std::filesystem::path& mailboxFile);
 
-// Creates an empty mailbox unless something of that name is there.
-void makeSureOfMailbox(const std::filesystem::path& mailboxFile);
-
 // The same with data to try the program on, around the present day, and the mailbox that goes with it: some of the
 // tasks and appointments are linked. Failure when one of the two is there already; neither is made then.
 void newDemo(const std::filesystem::path& file, const std::filesystem::path& mailboxFile, const Clock& clock);

@@ -1,7 +1,8 @@
 #include <iostream>
 #include <memory>
 
-#include "HostParts.h"
+#include "FileRegistry.h"
+#include "Folders.h"
 #include "MailboxFile.h"
 #include "Profiles.h"
 #include "SubCommands.h"
@@ -45,8 +46,8 @@ void addProfileCommand(CLI::App& app, Action& action) {
     CLI::App* command = profile->add_subcommand(name, about);
     command->callback([&action, options, act] {
       action = [options, act] {
-        Composition parts = hostParts();
-        Profiles profiles(parts.registry());
+        FileRegistry registry(folders::registry());
+        Profiles profiles(registry);
         return act(profiles, *options);
       };
     });

@@ -2,13 +2,9 @@
 
 #include <iostream>
 
-#include "CCreateGuid.h"
+#include "Component.h"
 #include "Conversions.h"
-#include "ErrorReport.h"
-#include "Folders.h"
-#include "HostActions.h"
-#include "OutlookTasksProject.h"
-#include "clsTarnelOutWizard.h"
+#include "SqliteProvider.h"
 
 namespace tarnel::host {
 namespace {
@@ -19,30 +15,61 @@ std::string connectionString(const std::filesystem::path& database) {
   return "Provider=Tarnel.Database;Data Source=\"" + path + "\";";
 }
 
-void tellFailure(const FailureReport& failure, const std::filesystem::path& file) {
-  std::cerr << "tarnel: the wizard was ended by a failure in " << failure.module << "." << failure.procedure << ": "
-            << failure.text << " (" << failure.number << ")\n"
-            << "The full report is in " << file.string() << std::endl;
+// The text must outlive what is made of it.
+TarnelText argument(const std::string& text) { return tarnelText(text.c_str()); }
+
+void setUp(const Component& component, const WizardOptions& options, const std::string& connection) {
+  const TarnelText printSettings = argument(options.printSettings);
+  require(component.wizard().SetTaskPrintSetting(&printSettings, nullptr), component);
+  const std::string hours = toUpper(options.hours);
+  const std::string interval = "M" + std::to_string(options.interval);
+  const TarnelBool appointments = options.appointments ? TARNEL_YES : TARNEL_NO;
+  const TarnelText display1 = argument(hours);
+  const TarnelText display2 = argument(interval);
+  const TarnelText database = argument(connection);
+  require(component.wizard().Setup(&appointments, &display1, &display2, &database, &options.date.days), component);
 }
+
+// Whether the wizard ended without a failure.
+bool tellFailure(const Component& component) {
+  TarnelText text{};
+  if (component.control().FirstFailure(&text) != TARNEL_OK) return true;
+  std::cerr << "tarnel: " << std::string(text.bytes, text.length) << std::endl;
+  std::free(text.bytes);
+  return false;
+}
+
+// The connection of a sink that lies on the stack.
+class Advised {
+ public:
+  Advised(const Component& component, WizardEvents& events) : point_(component.events()) {
+    require(point_.Advise(&events, &cookie_), component);
+  }
+  ~Advised() { point_.Unadvise(cookie_); }
+  Advised(const Advised&) = delete;
+  Advised& operator=(const Advised&) = delete;
+
+ private:
+  TarnelConnectionPoint& point_;
+  std::uint32_t cookie_ = 0;
+};
 
 }  // namespace
 
-bool runWizard(Composition& parts, Desktop& desktop, const WizardOptions& options, const EventTeller& tell) {
+bool runWizard(const WizardOptions& options, const FaceChooser& chooseFace, const EventTeller& tell) {
+  const Component component;
+  TarnelWizardControl& control = component.control();
+  require(chooseFace(control), component);
+  const std::string mailbox = options.mailbox ? options.mailbox->string() : std::string();
+  const TarnelText mailboxFile = argument(mailbox);
+  require(control.UseMailbox(&mailboxFile), component);
+
   const std::string connection = connectionString(options.database);
-  ErrorReport errorReport(desktop, parts.clock(), folders::state() / "errors.txt");
-  OutlookTasksProject utilities(parts.database(), GetANewGuid);
-  parts.install(desktop, errorReport, utilities);
-
-  clsTarnelOutWizard wizard;
-  const HostEvents events(wizard, tell);  // told first, then acted on
-  const HostActions actions(wizard, parts.database(), connection, utilities);
-  wizard.SetTaskPrintSetting(options.printSettings);
-  wizard.Setup(options.appointments, toUpper(options.hours), std::string("M").append(std::to_string(options.interval)),
-               connection, options.date);
-
-  if (!errorReport.first()) return true;
-  tellFailure(*errorReport.first(), errorReport.file());
-  return false;
+  sqlite::SqliteProvider database;
+  WizardEvents events(control, database, connection, tell);
+  const Advised advised(component, events);
+  setUp(component, options, connection);
+  return tellFailure(component);
 }
 
 }  // namespace tarnel::host

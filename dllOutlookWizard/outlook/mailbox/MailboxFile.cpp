@@ -151,4 +151,11 @@ void createMailbox(const std::filesystem::path& path) {
                                        : std::string(std::strerror(errno)) + ".");
 }
 
+void makeSureOfMailbox(const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::create_directories(folderOf(path), error);
+  if (error) failCreation(path, "its folder can't be made (" + error.message() + ").");
+  if (!std::filesystem::exists(std::filesystem::symlink_status(path))) createMailbox(path);
+}
+
 }  // namespace tarnel::mailbox

@@ -10,6 +10,8 @@ namespace tarnel::mailbox {
 // Makes an empty mailbox, whole or not at all. Failure when something of that name exists already (it is left as it
 // is), or when the folder is missing or can't be written.
 void createMailbox(const std::filesystem::path& path);
+// Makes an empty mailbox, with the folders on the way to it, unless something of that name is there.
+void makeSureOfMailbox(const std::filesystem::path& path);
 
 // Looks at the file from outside, without the engine, so that nothing that is no sound mailbox of ours is ever opened
 // for writing. Failure when it is missing, unreadable, write-protected (or its folder is), no mailbox, cut short, or

@@ -17,6 +17,7 @@ std::filesystem::path under(const char* variable, const char* fallback) {
 
 std::filesystem::path config() { return under("XDG_CONFIG_HOME", ".config"); }
 std::filesystem::path data() { return under("XDG_DATA_HOME", ".local/share"); }
+std::filesystem::path registry() { return config() / "registry"; }
 std::filesystem::path state() { return under("XDG_STATE_HOME", ".local/state"); }
 
 }  // namespace tarnel::folders

@@ -10,6 +10,8 @@ namespace folders {
 std::filesystem::path config();
 std::filesystem::path data();
 std::filesystem::path state();
+// The file that holds the user's registry.
+std::filesystem::path registry();
 }  // namespace folders
 
 }  // namespace tarnel
