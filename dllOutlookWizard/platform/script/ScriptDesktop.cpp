@@ -43,8 +43,6 @@ void ScriptDesktop::tellEvent(const std::string& name, const Arguments& argument
   write(facts_, fact);
 }
 
-void ScriptDesktop::tellReturned(bool good) { write(facts_, {{"returned", good}}); }
-
 MessageAnswer ScriptDesktop::message(const Message& message) {
   Json fact{{"icon", iconName(message.icon)}, {"title", message.title}, {"text", message.text}};
   if (message.buttons == MessageButtons::ok) {

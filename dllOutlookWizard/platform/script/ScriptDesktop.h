@@ -34,10 +34,8 @@ class ScriptDesktop : public Desktop {
   // Where forms print and preview. Without it they can't.
   void setDocuments(std::shared_ptr<DocumentOutput> documents) { documents_ = std::move(documents); }
 
-  // Facts that come from outside the forms: an event that the wizard raised towards its host, and the very last line,
-  // whether the wizard came back without a failure.
+  // A fact that comes from outside the forms.
   void tellEvent(const std::string& name, const Arguments& arguments = {});
-  void tellReturned(bool good);
 
   // A box with Yes and No is answered by the next answer that is waiting, with No when none is.
   MessageAnswer message(const Message& message) override;

@@ -1,0 +1,115 @@
+#include "ComponentHost.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
+namespace tarnel::test {
+namespace {
+
+// An open file of the user's.
+class File {
+ public:
+  File(const std::filesystem::path& path, int flags) : descriptor(open(path.c_str(), flags | O_CLOEXEC, 0600)) {}
+  ~File() { close(descriptor); }
+  File(const File&) = delete;
+  File& operator=(const File&) = delete;
+  const int descriptor;
+};
+
+}  // namespace
+
+Library::Library() : library_(dlopen(TARNEL_COMPONENT, RTLD_NOW | RTLD_LOCAL)) {
+  if (!library_) throw std::runtime_error(dlerror());
+}
+Library::~Library() { dlclose(library_); }
+
+void* Library::address(const char* name) const { return dlsym(library_, name); }
+
+Held<TarnelClassFactory> Library::factory() const {
+  void* object = nullptr;
+  const auto classObject = function<decltype(DllGetClassObject)>("DllGetClassObject");
+  EXPECT_EQ(classObject(&CLSID_clsTarnelOutWizard, &IID_TarnelClassFactory, &object), TARNEL_OK);
+  return Held<TarnelClassFactory>(static_cast<TarnelClassFactory*>(object));
+}
+
+TarnelResult Sink::QueryInterface(const TarnelGuid* id, void** object) {
+  if (std::memcmp(id, &DIID___clsTarnelOutWizard, sizeof *id) != 0) return TARNEL_NO_INTERFACE;
+  *object = this;
+  AddRef();
+  return TARNEL_OK;
+}
+
+TarnelResult Sink::Invoke(std::int32_t event, TarnelVariant* arguments, std::uint32_t count) {
+  events.push_back(event);
+  counts.push_back(count);
+  return act_ ? act_(event, arguments) : TARNEL_OK;
+}
+
+Wizard::Wizard(const Library& library, const ProgramRun& user) : user_(user) {
+  void* object = nullptr;
+  EXPECT_EQ(library.factory()->CreateInstance(nullptr, &IID__clsTarnelOutWizard, &object), TARNEL_OK);
+  wizard.reset(static_cast<_clsTarnelOutWizard*>(object));
+  EXPECT_EQ(wizard->QueryInterface(&IID_TarnelWizardControl, &object), TARNEL_OK);
+  control.reset(static_cast<TarnelWizardControl*>(object));
+  EXPECT_EQ(wizard->QueryInterface(&IID_TarnelConnectionPoints, &object), TARNEL_OK);
+  const Held<TarnelConnectionPoints> points(static_cast<TarnelConnectionPoints*>(object));
+  TarnelConnectionPoint* found = nullptr;
+  EXPECT_EQ(points->FindConnectionPoint(&DIID___clsTarnelOutWizard, &found), TARNEL_OK);
+  point.reset(found);
+}
+
+std::uint32_t Wizard::advise(Sink& sink) const {
+  std::uint32_t cookie = 0;
+  EXPECT_EQ(point->Advise(&sink, &cookie), TARNEL_OK);
+  return cookie;
+}
+
+TarnelResult Wizard::setUp() const {
+  const std::string connection = "Data Source=" + (user_.home / "tasks.db").string() + ";";
+  const TarnelText hours = tarnelText("DAY"), interval = tarnelText("M30"), database = tarnelText(connection.c_str());
+  const TarnelBool appointments = TARNEL_NO;
+  return wizard->Setup(&appointments, &hours, &interval, &database, nullptr);
+}
+
+TarnelResult Wizard::setUp(const std::string& commands) {
+  user_.home.write("commands", commands);
+  TarnelResult result = TARNEL_OK;
+  {
+    const File input(user_.home / "commands", O_RDONLY);
+    const File output(user_.home / "facts", O_WRONLY | O_CREAT | O_TRUNC);
+    EXPECT_EQ(control->UseScript(input.descriptor, output.descriptor), TARNEL_OK);
+    result = setUp();
+    control->UseWindow();
+  }
+  facts = contentsOf(user_.home / "facts");
+  return result;
+}
+
+std::string Wizard::told() const {
+  std::string told;
+  std::istringstream lines(facts);
+  for (std::string line; std::getline(lines, line);)
+    if (line.rfind("{\"reply\"", 0) != 0) told += line + "\n";
+  return told;
+}
+
+std::string Wizard::firstFailure() const {
+  TarnelText text{};
+  if (control->FirstFailure(&text) != TARNEL_OK) return "none";
+  std::string result(text.bytes, text.length);
+  std::free(text.bytes);
+  return result;
+}
+
+Component::Component() {
+  for (const char* kind : {"CONFIG", "DATA", "STATE"})
+    setenv(("XDG_" + std::string(kind) + "_HOME").c_str(), user.home.path().c_str(), 1);
+  EXPECT_EQ(user("new tasks.db --demo").exitCode, 0);
+}
+
+}  // namespace tarnel::test
