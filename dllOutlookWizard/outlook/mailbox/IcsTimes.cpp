@@ -24,7 +24,7 @@ bool isMoment(const icaltimetype& time) {
 
 }  // namespace
 
-IcsTimes::IcsTimes(const IcsCalendar& calendar) {
+IcsTimes::IcsTimes(const IcsCalendar& calendar) : machineZone_(machine::zoneName()) {
   zones_.emplace("", Zone());
   for (const IcsComponent& component : calendar.components) {
     const IcsProperty* tzid = component.find("TZID");
@@ -63,7 +63,8 @@ IcsTime IcsTimes::read(const IcsProperty& property, std::string_view value) cons
 }
 
 WallSeconds IcsTimes::inMachine(const IcsTime& time) const {
-  return time.isDate ? time.wall : zone(time.tzid).toMachine(time.wall);
+  // What was entered in the machine's own zone stays as it was entered, also where a clock change skips it.
+  return time.isDate || time.tzid == machineZone_ ? time.wall : zone(time.tzid).toMachine(time.wall);
 }
 
 WallSeconds IcsTimes::in(const std::string& tzid, const IcsTime& time) const {

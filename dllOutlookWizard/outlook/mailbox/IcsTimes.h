@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,7 @@ class IcsTimes {
  private:
   std::map<std::string, std::string> definitions_;
   mutable std::map<std::string, Zone> zones_;
+  std::optional<std::string> machineZone_;
 };
 
 // Seconds of a DURATION value; throws BadComponent.

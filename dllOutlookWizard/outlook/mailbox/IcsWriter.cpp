@@ -141,13 +141,18 @@ class Export {
 
   static std::string utc(WallSeconds wall) { return icalText(Zone::utc().wallOf(machine::unixSecondsOf(wall))) + "Z"; }
 
-  static std::string single(WallSeconds wall, bool allDay) {
-    return allDay ? joined(";VALUE=DATE:", icalText(wall, true)) : joined(":", utc(wall));
+  // A wall time that a clock change skips is no moment in UTC and stays a wall time.
+  std::string single(WallSeconds wall, bool allDay) {
+    if (allDay) return joined(";VALUE=DATE:", icalText(wall, true));
+    return machine::wallOf(machine::unixSecondsOf(wall)) == wall ? joined(":", utc(wall)) : inZone({}, wall);
   }
 
   std::string inSeries(const ItemRecord& series, WallSeconds moment) {
-    if (series.allDay) return joined(";VALUE=DATE:", icalText(moment, true));
-    const SeriesZone zone = zoneOf(series.zone);
+    return series.allDay ? joined(";VALUE=DATE:", icalText(moment, true)) : inZone(series.zone, moment);
+  }
+
+  std::string inZone(std::optional<std::int64_t> id, WallSeconds moment) {
+    const SeriesZone zone = zoneOf(id);
     if (zone.tzid.empty()) return joined(":", icalText(moment));
     if (zone.tzid == "UTC") return joined(":", icalText(moment)) + "Z";
     return joined(";TZID=\"", zone.tzid).append("\":").append(icalText(moment));
