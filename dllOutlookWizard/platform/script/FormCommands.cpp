@@ -7,6 +7,7 @@
 #include "FormControls.h"
 #include "SSSplitter.h"
 #include "SftTabs.h"
+#include "WebBrowser.h"
 #include "ctDropDate.h"
 
 namespace tarnel::script {
@@ -168,6 +169,11 @@ Json select(Form& form, const Words& words) {
   return Json::object();
 }
 
+Json follow(Form& form, const Words& words) {
+  reachable(onlyControl<WebBrowser>(form, "browser")).followLink(words[1]);
+  return Json::object();
+}
+
 Json resize(Form& form, const Words& words) {
   const float width = length(words[1]);
   const float height = length(words[2]);
@@ -199,6 +205,7 @@ const std::map<std::string_view, Command>& commands() {
       {"choose", {choose, "choose CONTROL KEY CAPTION"}},
       {"date", {date, "date YYYY-MM-DD"}},
       {"select", {select, "select N INDEX"}},
+      {"follow", {follow, "follow LINK"}},
       {"resize", {resize, "resize WIDTH HEIGHT"}},
       {"split", {split, "split NAME WIDTH"}},
   };
