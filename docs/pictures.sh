@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the pictures of the window that stand in the README and beside this script, from a demo database.
+# Makes the pictures of the window that stand beside this script and in the help pages, from a demo database.
 #   docs/pictures.sh [PROGRAM]        PROGRAM is build/dev/bin/tarnel when left out
 set -eu
 docs=$(cd "$(dirname "$0")" && pwd)
@@ -7,8 +7,16 @@ program=${1:-$docs/../build/dev/bin/tarnel}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
+grab() { # SCALE: into a folder of that name
+  "$program" pictures "$work/$1" --scale "$1" --database "$work/tasks.db" --mailbox "$work/mailbox" >>"$work/told"
+}
+
 "$program" new "$work/tasks.db" --demo --mailbox "$work/mailbox" >"$work/told"
-"$program" pictures "$work" --scale 1.5 --database "$work/tasks.db" --mailbox "$work/mailbox" >>"$work/told"
-mv "$work/frmOutWiz-Tasks.png" "$docs/wizard.png"
-mv "$work/frmOutWiz-Appointments.png" "$docs/appointments.png"
-mv "$work/frmOutWiz-OutlookSettings.png" "$docs/settings.png"
+grab 1.5
+mv "$work/1.5/frmOutWiz-Tasks.png" "$docs/wizard.png"
+mv "$work/1.5/frmOutWiz-Appointments.png" "$docs/appointments.png"
+mv "$work/1.5/frmOutWiz-OutlookSettings.png" "$docs/settings.png"
+grab 2
+for picture in "$work"/2/*.png; do
+  mv "$picture" "$docs/../host/help/images/$(basename "$picture" .png)@2x.png"
+done

@@ -2,7 +2,9 @@
 
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTextDocument>
 #include <cstdio>
 #include <fstream>
 #include <limits>
@@ -86,6 +88,22 @@ TEST_F(HelpPaper, topicPrintsWithFooterAndPageNumbersInsideItsMargins) {
   EXPECT_GE(top, 1418 / 20.0 - point);
   EXPECT_LE(bottom, height - 850 / 20.0 + point);
   EXPECT_GE(bottom, height - 850 / 20.0 - 6 * point) << "the footer stands on the bottom margin";
+}
+
+TEST_F(HelpPaper, everyPageOfTheHelpFolderPrintsToItsLastWord) {
+  for (const auto& entry : fs::directory_iterator(HELP_PAGES)) {
+    if (!entry.is_regular_file()) continue;
+    Document document = topic();
+    document.file = entry.path();
+    document.html = readHtmlFile(entry.path());
+    QTextDocument page;
+    page.setHtml(QString::fromStdString(document.html));
+    const std::string last = page.toPlainText().split(QRegularExpression(QStringLiteral("\\s+"))).last().toStdString();
+    document.footer.clear();
+    std::string text = outputOf("pdftotext '" + written(document).string() + "' -");
+    text.erase(text.find_last_not_of(" \n\f") + 1);
+    EXPECT_TRUE(text.ends_with(last)) << entry.path() << " ends with " << text.substr(text.size() - 60);
+  }
 }
 
 TEST_F(HelpPaper, marginsThatLeaveNoRoomAreReplaced) {

@@ -92,10 +92,19 @@ void BarView::show(SmartItem& item) {
   arrange();
 }
 
+// A line between two groups goes with the group behind it, up to the next line.
+bool BarView::dividesNothing(const Place& separator) const {
+  auto next = std::ranges::find(places_, separator.item, &Place::item);
+  while (++next != places_.end() && next->item->Type() != ItemType::separator)
+    if (next->item->Visible()) return false;
+  return true;
+}
+
 int BarView::widthOf(const Place& place, int padding) const {
-  if (!place.item->Visible()) return 0;
+  const bool separates = place.item->Type() == ItemType::separator;
+  if (!place.item->Visible() || (separates && dividesNothing(place))) return 0;
   if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + gap;
-  if (place.item->Type() == ItemType::separator) return separatorWidth + gap;
+  if (separates) return separatorWidth + gap;
   if (place.item->Type() == ItemType::dropDown) return dropDownWidth + gap;
   return place.widget->sizeHint().width() + gap;
 }

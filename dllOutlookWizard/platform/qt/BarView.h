@@ -24,6 +24,7 @@ class BarView : public ItemsPanel {
   };
   QWidget* makeWidget(SmartItem& item);
   QWidget* makeLabel(const SmartItem& item);
+  bool dividesNothing(const Place& separator) const;
   int widthOf(const Place& place, int padding) const;
   int widthOfAll(int padding) const;
   void useFont(const QFont& font);

@@ -27,7 +27,15 @@ BrowserView::BrowserView(WebBrowser& control, ViewSite& site, QWidget* parent)
 }
 
 QVariant BrowserView::loadResource(int type, const QUrl& name) {
-  return type == QTextDocument::ImageResource ? pagePicture(name, control_.folder()) : QVariant();
+  if (type != QTextDocument::ImageResource) return {};
+  QVariant picture = pagePicture(name, control_.folder());
+  QImage image = picture.value<QImage>();
+  const double share = devicePixelRatioF() / image.devicePixelRatio();
+  if (image.isNull() || share >= 1) return picture;
+  // The text's own drawing leaves out pixels where a picture is too fine for the screen.
+  image = image.scaled(image.size() * share, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  image.setDevicePixelRatio(devicePixelRatioF());
+  return image;
 }
 
 void BrowserView::showPage() {

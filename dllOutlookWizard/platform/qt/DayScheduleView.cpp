@@ -196,6 +196,11 @@ void DayScheduleView::focusInEvent(QFocusEvent* event) {
   viewport()->update();
 }
 
+void DayScheduleView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
 QString DayScheduleView::describe(std::int16_t index) const {
   const ctMDay::Appointment& appointment = control_.appointment(index);
   const auto dated = [this](std::int32_t day, std::int16_t minute) {

@@ -22,7 +22,8 @@ QVariant pagePicture(const QUrl& name, const fs::path& folder) {
   const QString path = name.isLocalFile() ? name.toLocalFile() : name.path();
   const fs::path file = fs::canonical(home / fs::path(path.toStdString()), error);
   if (error || std::mismatch(home.begin(), home.end(), file.begin(), file.end()).first != home.end()) return {};
-  const QImage image(QString::fromStdString(file.string()));
+  QImage image(QString::fromStdString(file.string()));
+  if (file.stem().string().ends_with("@2x")) image.setDevicePixelRatio(2);
   return image.isNull() ? QVariant() : QVariant(image);
 }
 

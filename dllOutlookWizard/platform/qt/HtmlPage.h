@@ -12,6 +12,7 @@ namespace tarnel::qt {
 QString decodedHtml(const std::string& bytes);
 
 // A picture that a page names, as an image; an invalid value when it does not lie in `folder` or below it, or is none.
+// One whose name ends in "@2x" has two pixels to each of the page.
 QVariant pagePicture(const QUrl& name, const std::filesystem::path& folder);
 
 }  // namespace tarnel::qt

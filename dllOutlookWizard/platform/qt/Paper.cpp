@@ -48,7 +48,7 @@ class PaperJob {
  private:
   double dots(double twips) const { return twips * device_.logicalDpiX() / twipsPerInch; }
   void layOut();
-  void shrinkPictures();
+  void sizePictures();
   void keepHeadingsWithTheirText();
   void paintText(QPainter& painter, int page);
   void paintFooter(QPainter& painter, int page) const;
@@ -92,30 +92,40 @@ void PaperJob::layOut() {
   source_.setDocumentMargin(0);
   source_.documentLayout()->setPaintDevice(&device_);
   source_.setHtml(decodedHtml(document_.html));
-  shrinkPictures();
+  sizePictures();
   source_.setPageSize(text_.size());
   keepHeadingsWithTheirText();
 }
 
-// A picture wider than the text would be cut.
-void PaperJob::shrinkPictures() {
+// A picture wider than the text would be cut; one finer than the page's pixels would be drawn too large.
+void PaperJob::sizePictures() {
   const double widest = text_.width() * screenDpi / device_.logicalDpiX();
+  struct Place {
+    int start;
+    int end;
+    QTextImageFormat picture;
+  };
+  std::vector<Place> places;  // setting a size makes the pieces of its block anew
   for (QTextBlock block = source_.begin(); block.isValid(); block = block.next()) {
-    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-      QTextImageFormat picture = piece.fragment().charFormat().toImageFormat();
-      if (!picture.isValid()) continue;
-      const QImage image = pagePicture(QUrl(picture.name()), document_.imageFolder).value<QImage>();
-      const double width = picture.width() > 0 ? picture.width() : image.width();
-      if (width <= widest) continue;
-      const double height = picture.height() > 0 ? picture.height() : image.height();
-      picture.setWidth(widest);
-      picture.setHeight(height * widest / width);
-      QTextCursor cursor(&source_);
-      cursor.setPosition(piece.fragment().position());
-      cursor.setPosition(piece.fragment().position() + piece.fragment().length(), QTextCursor::KeepAnchor);
-      cursor.setCharFormat(picture);
-      break;  // the block's pieces have been made anew
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+      const QTextFragment piece = at.fragment();
+      if (!piece.charFormat().isImageFormat()) continue;
+      places.push_back({piece.position(), piece.position() + piece.length(), piece.charFormat().toImageFormat()});
     }
+  }
+  for (auto& [start, end, picture] : places) {
+    const QImage image = pagePicture(QUrl(picture.name()), document_.imageFolder).value<QImage>();
+    const QSizeF own = image.deviceIndependentSize();
+    if (own.isEmpty()) continue;
+    const double width = picture.width() > 0 ? picture.width() : own.width();
+    const double height = picture.height() > 0 ? picture.height() : own.height() * width / own.width();
+    const double share = std::min(widest / width, 1.0);
+    picture.setWidth(width * share);
+    picture.setHeight(height * share);
+    QTextCursor cursor(&source_);
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.setCharFormat(picture);
   }
 }
 
