@@ -37,6 +37,8 @@ class Story : public testing::Test {
 
   // A task of Outlook's own, linked when it has the property; the further lines are iCalendar's.
   void addItem(const std::string& subject, const std::optional<std::string>& guid = {}, const std::string& lines = {});
+  // Components of a calendar file, such as a whole VEVENT.
+  void import(const std::string& components);
   std::vector<nlohmann::json> items() const;
   // folder|subject|status|GUID of each item, none as "-".
   std::string mailbox() const;
@@ -48,7 +50,6 @@ class Story : public testing::Test {
 
  private:
   std::shared_ptr<ado::Session> open();
-  void import(const std::string& components);
 
   sqlite::SqliteProvider provider_;
   int imported_ = 0;
