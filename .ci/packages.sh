@@ -3,7 +3,7 @@
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libical-dev libcli11-dev nlohmann-json3-dev
   libgtest-dev pkg-config)
 show_packages=(jq fonts-noto-core)
-test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format)
+test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format dpkg-dev file man-db)
 
 install_missing() {
   if ! command -v dpkg-query >/dev/null; then

@@ -156,9 +156,16 @@ class CommandLine {
     writeFact(fact);
   }
 
+  // A database that was named must be there; the user's own comes into being with its first use.
+  bool run(const FaceChooser& chooseFace, const EventTeller& tell) const {
+    if (options_.database == defaultDatabase() && !std::filesystem::exists(options_.database))
+      newDatabase(options_.database, options_.mailbox.value_or(defaultMailbox()));
+    return runWizard(options_, chooseFace, tell);
+  }
+
   bool drive() {
     const auto script = [](TarnelWizardControl& control) { return control.UseScript(STDIN_FILENO, STDOUT_FILENO); };
-    const bool good = runWizard(options_, script, writeEvent);
+    const bool good = run(script, writeEvent);
     writeFact({{"returned", good}});
     return good;
   }
@@ -173,7 +180,7 @@ class CommandLine {
       const TarnelText folder = tarnelText(pictures_.folder.c_str());
       return control.UsePictures(&folder, pictures_.scale, pictures_.dark ? TARNEL_YES : TARNEL_NO, STDOUT_FILENO);
     };
-    return runWizard(options_, pictures, sayEvent);
+    return run(pictures, sayEvent);
   }
 
   static void sayEvent(const std::string& name, const EventArguments& values) {
