@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cmath>
 #include <stdexcept>
 #include <thread>
@@ -181,6 +183,22 @@ TEST_F(Component, worldThatRefusesTheWizardIsAResultWithItsWords) {
   EXPECT_EQ(wizard.control->UseMailbox(&mailbox), TARNEL_OK);
   EXPECT_EQ(wizard.setUp("show\n"), TARNEL_OK) << "told in the wizard";
 }
+
+#ifdef TARNEL_QT
+// Whatever face came before, a window that nobody could see or close is a failure, not a wait without end.
+TEST_F(Component, windowWithoutAScreenIsAFailureAlsoBehindPictures) {
+  for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(variable);
+  Wizard wizard(library, user);
+  const std::string folder = (user.home / "pictures").string();
+  const TarnelText pictures = tarnelText(folder.c_str());
+  EXPECT_EQ(wizard.control->UsePictures(&pictures, 1, TARNEL_YES, STDERR_FILENO), TARNEL_OK);
+  EXPECT_EQ(wizard.setUp(), TARNEL_OK);
+  EXPECT_TRUE(std::filesystem::exists(user.home / "pictures/frmOutWiz-Tasks.png"));
+  EXPECT_EQ(wizard.control->UseWindow(), TARNEL_OK);
+  EXPECT_EQ(wizard.setUp(), TARNEL_FAILURE(53));
+  EXPECT_NE(wizard.firstFailure().find("no screen answers"), std::string::npos) << wizard.firstFailure();
+}
+#endif
 
 }  // namespace
 }  // namespace tarnel::test

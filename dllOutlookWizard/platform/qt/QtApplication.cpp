@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QThread>
 
 #include "Colors.h"
 #include "Failure.h"
@@ -81,14 +82,23 @@ QtApplication::QtApplication(int& argc, char** argv, Colors colors) : inside_(st
 
 QtApplication::QtApplication(WithoutScreen, int& argc, char** argv, Colors colors)
     : inside_(std::make_unique<Inside>()) {
+  const bool chosen = qEnvironmentVariableIsSet(platformVariable);
+  const QByteArray before = qgetenv(platformVariable);
   qputenv(platformVariable, "offscreen");
   start(argc, argv, colors);
+  // A window that the same host opens later is to be seen.
+  chosen ? qputenv(platformVariable, before) : qunsetenv(platformVariable);
 }
 
 QtApplication::~QtApplication() = default;
 
 void QtApplication::start(int& argc, char** argv, Colors colors) {
-  if (QCoreApplication::instance()) return;
+  if (const QCoreApplication* there = QCoreApplication::instance()) {
+    if (qobject_cast<const QApplication*>(there) && there->thread() == QThread::currentThread()) return;
+    throw Failure(failure::objectNotSet,
+                  "The window can't be opened because this program has a Qt application that is none for widgets or "
+                  "lives on another thread. Open the wizard on that application's thread.");
+  }
   inside_->application = std::make_unique<QApplication>(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnel"));
   QApplication::setWindowIcon(ownIcon());

@@ -9,7 +9,8 @@ enum class Colors { desktop, light, dark };
 // The part of a process that every window needs. Where the host has one already, that one is used and left as it is.
 class QtApplication {
  public:
-  // `argc` and `argv` stay as they are for as long as this object. Failure 53 when no screen can be reached.
+  // `argc` and `argv` stay as they are for as long as this object. Failure 53 when no screen can be reached, 91 when
+  // the host's own is of no use: none for widgets, or another thread's.
   QtApplication(int& argc, char** argv, Colors colors = Colors::desktop);
   // On a picture in memory instead of a screen: for machines without one.
   struct WithoutScreen {};
