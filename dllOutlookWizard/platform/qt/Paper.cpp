@@ -144,6 +144,8 @@ void PaperJob::keepHeadingsWithTheirText() {
     onNextPage.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     QTextCursor(block).mergeBlockFormat(onNextPage);
   }
+  // Laid out from the middle on, a text may be drawn without its last lines.
+  source_.markContentsDirty(0, source_.characterCount());
 }
 
 bool PaperJob::paint() {
