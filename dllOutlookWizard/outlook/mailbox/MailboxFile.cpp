@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -52,14 +53,27 @@ bool hasLog(const std::filesystem::path& path) {
   return !none && size > 0;
 }
 
-Head readHead(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file)
-    failMailbox(path, std::string("it can't be read (") + std::strerror(errno) + ")",
-                "Give yourself the right to read it, or choose another mailbox.");
+// Read through the engine: closing a file of one's own would take away every lock that this process has on it.
+std::size_t readHead(const std::filesystem::path& path, Head& head) {
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_PRIVATECACHE, nullptr);
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
+  sqlite3_file* file = nullptr;
+  if (result == SQLITE_OK) sqlite3_file_control(opened, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  if (!file || !file->pMethods)
+    failMailbox(path,
+                std::string("it can't be read (") + std::strerror(opened ? sqlite3_system_errno(opened) : ENOMEM) + ")",
+                "Give yourself the right to read it, close other programs, or choose another mailbox.");
+  sqlite3_int64 size = 0;
+  file->pMethods->xFileSize(file, &size);
+  const auto length = static_cast<std::size_t>(std::min<sqlite3_int64>(size, headSize));
+  file->pMethods->xRead(file, head.data(), static_cast<int>(length), 0);
+  return length;
+}
+
+Head soundHead(const std::filesystem::path& path) {
   Head head{};
-  file.read(reinterpret_cast<char*>(head.data()), headSize);
-  if (static_cast<std::size_t>(file.gcount()) < headSize || std::memcmp(head.data(), magic.data(), magic.size()) != 0 ||
+  if (readHead(path, head) < headSize || std::memcmp(head.data(), magic.data(), magic.size()) != 0 ||
       number(head, applicationIdAt) != schema::applicationId)
     failMailbox(path, "the file is no mailbox", "Choose a mailbox that Tarnel made, or create a new one.");
   return head;
@@ -132,7 +146,7 @@ void inspectMailbox(const std::filesystem::path& path) {
   if (!std::filesystem::exists(path, none))
     failMailbox(path, "there is no such file", "Create it first, or name another mailbox.");
   if (!std::filesystem::is_regular_file(path, none)) failMailbox(path, "it is no file", "Name a mailbox file.");
-  const Head head = readHead(path);
+  const Head head = soundHead(path);
   if (number(head, userVersionAt) > schema::version) failNewerVersion(path, number(head, userVersionAt));
   requireWhole(path, head);
   requireWritable(path);

@@ -1,12 +1,16 @@
 #include "DatabaseFile.h"
 
+#include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdint>
-#include <fstream>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "Failure.h"
 
@@ -65,14 +69,30 @@ void checkLength(const fs::path& path, const Header& header) {
     fail(path, "is damaged: it is shorter than it should be. Restore it from a backup.");
 }
 
+// Read through the engine: closing a file of one's own would take away every lock that this process has on it.
+std::size_t readHeader(const fs::path& path, Header& header) {
+  sqlite3* opened = nullptr;
+  const int result = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_PRIVATECACHE, nullptr);
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(opened, sqlite3_close);
+  sqlite3_file* file = nullptr;
+  if (result == SQLITE_OK) sqlite3_file_control(opened, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  // The access was checked before, so that this is no matter of rights.
+  if (!file || !file->pMethods)
+    fail(path, "can't be opened: " + std::generic_category().message(opened ? sqlite3_system_errno(opened) : ENOMEM) +
+                   ". Close other programs and try again.");
+  sqlite3_int64 size = 0;
+  file->pMethods->xFileSize(file, &size);
+  const auto length = static_cast<std::size_t>(std::min<sqlite3_int64>(size, headerSize));
+  file->pMethods->xRead(file, header.data(), static_cast<int>(length), 0);
+  return length;
+}
+
 }  // namespace
 
 void checkDatabaseFile(const fs::path& path) {
   checkAccess(path);
   Header header{};
-  std::ifstream file(path, std::ios::binary);
-  file.read(header.data(), header.size());
-  const std::string_view read(header.data(), static_cast<std::size_t>(file.gcount()));
+  const std::string_view read(header.data(), readHeader(path, header));
   for (const std::string_view jet : jetSignatures)
     if (read.substr(std::min(read.size(), jetSignatureAt)).starts_with(jet))
       fail(path, "is a Microsoft Jet file, which this program can't read. Convert it, or create a new database.");
