@@ -14,12 +14,14 @@ std::string adviceFor(int code) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       return " Another program is writing to it; try again when it has finished.";
-    case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
+      return " Allow this user to write to the file and to its folder, and close programs that hold many files open.";
+    case SQLITE_READONLY:
     case SQLITE_PERM:
       return " Allow this user to write to the file and to its folder.";
     case SQLITE_FULL:
-      return " Free some disk space and try again.";
+    case SQLITE_IOERR:
+      return " Free some disk space, make sure that the disk works, and try again.";
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
       return " The file is damaged or no task database; restore it from a backup.";
