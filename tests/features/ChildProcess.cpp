@@ -45,10 +45,9 @@ ChildProcess::ChildProcess(const std::string& shellCommand) {
 ChildProcess::~ChildProcess() {
   closeInput();
   close(output_);
-  kill(-process_, SIGTERM);
+  ::kill(-process_, SIGTERM);
   if (comesTrue([this] { return exitCode().has_value(); })) return;
-  kill(-process_, SIGKILL);
-  waitpid(process_, nullptr, 0);
+  kill();
 }
 
 void ChildProcess::write(const std::string& text) {
@@ -77,6 +76,15 @@ std::optional<std::string> ChildProcess::readLine() {
   std::string line = read_.substr(0, end);
   read_.erase(0, end + 1);
   return line;
+}
+
+bool ChildProcess::kill() {
+  if (exitCode()) return false;
+  ::kill(-process_, SIGKILL);
+  int status = 0;
+  waitpid(process_, &status, 0);
+  exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return WIFSIGNALED(status);
 }
 
 std::optional<int> ChildProcess::exitCode() {

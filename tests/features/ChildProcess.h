@@ -22,6 +22,8 @@ class ChildProcess {
   void closeInput();
   // The next line of the output; none when the output ended or no line came in time.
   std::optional<std::string> readLine();
+  // As when the machine dies: nothing of it runs on. False when it had ended already.
+  bool kill();
   // The exit code, -1 after a signal; none while it still runs.
   std::optional<int> exitCode();
 

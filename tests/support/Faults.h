@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Failure.h"
+
+namespace tarnel::test {
+
+// Counts the calls on the world outside of the wizard and makes one of them fail. Names are "outlook.Save",
+// "database.query", "rows.Find" and so on; what stands before the point is the seam.
+class Faults {
+ public:
+  enum class Kind {
+    before,    // the call fails and has done nothing
+    after,     // the call has done its work and fails all the same
+    gone,      // this call and every later one at the same seam fail
+    silenced,  // as `before`, and the report of that failure fails too
+  };
+  static constexpr std::int32_t number = 31337;
+
+  // Counting from 1; 0 lets all calls pass.
+  void arm(std::size_t failingCall, Kind kind);
+  void disarm() { armed_ = false; }
+
+  // Those counted since then, in their order, up to the one that failed.
+  const std::vector<std::string>& calls() const { return calls_; }
+  bool fired() const { return fired_; }
+  // The call that failed first.
+  const std::string& where() const { return where_; }
+
+  template <class Body>
+  auto call(std::string_view name, Body&& body) -> decltype(body()) {
+    const bool fails = armed_ && failsNow(name);
+    if (fails && kind_ != Kind::after) raise(name);
+    if constexpr (std::is_void_v<decltype(body())>) {
+      std::forward<Body>(body)();
+      if (fails) raise(name);
+    } else {
+      decltype(body()) result = std::forward<Body>(body)();
+      if (fails) raise(name);
+      return result;
+    }
+  }
+
+ private:
+  bool failsNow(std::string_view name);
+  [[noreturn]] static void raise(std::string_view name);
+
+  bool armed_ = false;
+  bool fired_ = false;
+  bool reportFailed_ = false;
+  std::vector<std::string> calls_;
+  std::size_t failingCall_ = 0;
+  Kind kind_ = Kind::before;
+  std::string where_;
+};
+
+// One for all: calls are also caught at link time, where no object can be handed in.
+Faults& faults();
+
+// How many objects of Outlook the wizard holds.
+class HeldObject {
+ public:
+  HeldObject() { ++count(); }
+  ~HeldObject() { --count(); }
+  HeldObject(const HeldObject&) = delete;
+  HeldObject& operator=(const HeldObject&) = delete;
+
+  static int& count();
+};
+
+}  // namespace tarnel::test
