@@ -63,6 +63,7 @@ std::string integrityOf(const std::filesystem::path& file) {
   sqlite3* database = nullptr;
   std::string answer = "could not be opened";
   if (sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK) {
+    sqlite3_busy_timeout(database, 10000);  // a program that was killed may still be going
     char* error = nullptr;
     const auto keep = [](void* text, int, char** values, char**) {
       *static_cast<std::string*>(text) = values[0];

@@ -83,6 +83,8 @@ bool ChildProcess::kill() {
   ::kill(-process_, SIGKILL);
   int status = 0;
   waitpid(process_, &status, 0);
+  // What the shell started is gone, too, when nobody holds the pipe any more.
+  for (std::array<char, 4096> rest{}; read(output_, rest.data(), rest.size()) > 0;) continue;
   exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return WIFSIGNALED(status);
 }
