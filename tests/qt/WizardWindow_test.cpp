@@ -242,6 +242,10 @@ TEST_F(WizardWindow, allCommandsAndTheWholeDateAreSeenAtTheFirstSize) {
     EXPECT_EQ(edit.text(), "11/19/2026");
     EXPECT_LE(edit.fontMetrics().horizontalAdvance(edit.text()), edit.width() - 4);
     for (auto* button : view("ctDeadline").findChildren<QPushButton*>()) EXPECT_TRUE(button->isVisible());
+    for (const char* bar : {"smtApptActions(0)", "smtApptActions(1)"}) {
+      EXPECT_TRUE(button(bar, "Copy/Update").font().bold()) << bar;
+      EXPECT_FALSE(button(bar, "Delete").font().bold()) << bar;
+    }
   });
 }
 

@@ -171,6 +171,7 @@ void PaperJob::paintText(QPainter& painter, int page) {
   context.palette = QPalette(Qt::white);
   context.palette.setColor(QPalette::Text, Qt::black);
   painter.setClipRect(context.clip);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   source_.documentLayout()->draw(&painter, context);
   painter.restore();
 }
