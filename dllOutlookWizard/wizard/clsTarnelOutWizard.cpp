@@ -18,13 +18,14 @@ bool clsTarnelOutWizard::SetTaskPrintSetting(const std::string& settings) {
 
 void clsTarnelOutWizard::Setup(bool curDoingAppts, const std::string& theTimeDisplay1,
                                const std::string& theTimeDisplay2, const std::string& theszConnect, Date CurDate) {
+  // This copy outlasts frm, and the handler too, which unloads it: the form closes from within its own procedures.
+  std::shared_ptr<frmOutWiz> form;
   standardHandler(modules::clsTarnelOutWizard, "Setup", [&] {
     session().curDoingAppts = curDoingAppts;
     session().theszConnect = theszConnect;
     session().theTimeDisplay1 = theTimeDisplay1;
     session().theTimeDisplay2 = theTimeDisplay2;
-    // This copy outlasts frm: the form closes from within its own procedures.
-    const auto form = std::make_shared<frmOutWiz>();
+    form = std::make_shared<frmOutWiz>();
     frm = form;
     listenToForm();
     form->load();
