@@ -32,7 +32,10 @@ class Kill : public test::Story {
   };
 
   void fill() {
-    change("DELETE FROM TASKS");
+    for (const char* file : {"tarnel", "tasks.db", "tasks.db-wal", "tasks.db-shm"})
+      std::filesystem::remove_all(run.home / file);
+    EXPECT_EQ(run("new tasks.db").exitCode, 0);
+    addItem("Another");  // a linked task can't be looked up in a folder without any item
     change(
         "INSERT INTO TASKS (tskGUIDID, tskDesc, tskCurrent) SELECT 'K' & n, 'Task K' & n, 1 FROM (WITH RECURSIVE c(n) "
         "AS (SELECT 1 UNION ALL SELECT n + 1 FROM c WHERE n < " +
@@ -83,7 +86,6 @@ class Kill : public test::Story {
 };
 
 TEST_F(Kill, atAnyMomentLosesAndDoublesNothingAndTheNextRunHeals) {
-  addItem("Another");  // a linked task can't be looked up in a folder without any item
   fill();
   measure(copy_);
   measure(remove_);

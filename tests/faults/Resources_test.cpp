@@ -29,9 +29,10 @@ class Resources : public test::Story {
     const test::ProgramResult result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents("output"),
                                      contents("errors")};
     EXPECT_TRUE(result.exitCode == 0 || result.exitCode == 1) << limit << ": " << result.exitCode << result.errors;
-    EXPECT_EQ(result.exitCode == 1, result.output.find("\"report\"") != std::string::npos ||
-                                        result.output.find("critical") != std::string::npos)
-        << limit << ": " << result.output;
+    // Where not even the component can be loaded the standard error stream tells it.
+    const bool isTold = result.output.find("\"report\"") != std::string::npos ||
+                        result.output.find("critical") != std::string::npos || result.errors.find("tarnel: ") == 0;
+    EXPECT_EQ(result.exitCode == 1, isTold) << limit << ": " << result.output << result.errors;
     return result;
   }
   std::string contents(const char* name) const { return test::contentsOf(run.home / name); }
@@ -113,6 +114,9 @@ TEST_F(Resources, fullDiskUnderTheMailboxIsToldAndTheNextRunHeals) {
 }
 
 TEST_F(Resources, fileHandlesUsedUpAreTold) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "The sanitizers look at memory through pipes and take fright when they get none.";
+#endif
   addTasks(20);
   int told = 0;
   for (int handles = 5; handles <= 16; ++handles) {
