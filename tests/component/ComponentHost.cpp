@@ -44,6 +44,12 @@ TarnelResult Sink::QueryInterface(const TarnelGuid* id, void** object) {
   return TARNEL_OK;
 }
 
+std::uint32_t Sink::Release() {
+  const std::uint32_t left = --references;
+  if (left == 0) delete this;
+  return left;
+}
+
 TarnelResult Sink::Invoke(std::int32_t event, TarnelVariant* arguments, std::uint32_t count) {
   events.push_back(event);
   counts.push_back(count);

@@ -38,7 +38,7 @@ struct Library {
   void* library_;
 };
 
-// A sink on the stack that notes the events and lets the test act in them.
+// A counted sink that notes the events and lets the test act in them.
 class Sink final : public __clsTarnelOutWizard {
  public:
   using Act = std::function<TarnelResult(std::int32_t event, TarnelVariant* arguments)>;
@@ -46,7 +46,7 @@ class Sink final : public __clsTarnelOutWizard {
 
   TarnelResult QueryInterface(const TarnelGuid* id, void** object) override;
   std::uint32_t AddRef() override { return ++references; }
-  std::uint32_t Release() override { return --references; }
+  std::uint32_t Release() override;
   TarnelResult Invoke(std::int32_t event, TarnelVariant* arguments, std::uint32_t count) override;
 
   std::vector<std::int32_t> events;
@@ -54,8 +54,12 @@ class Sink final : public __clsTarnelOutWizard {
   std::uint32_t references = 1;
 
  private:
+  ~Sink() = default;
+
   Act act_;
 };
+
+inline Held<Sink> aSink(Sink::Act act = {}) { return Held<Sink>(new Sink(std::move(act))); }
 
 // One object of the class, for a user with a demo database and folders of their own.
 class Wizard {

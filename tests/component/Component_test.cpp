@@ -15,76 +15,76 @@ using Events = std::vector<std::int32_t>;
 
 TEST_F(Component, raisesTheEventsByNumberAndTakesWhatAHandlerPutsInTheirArguments) {
   Wizard wizard(library, user);
-  Sink first([](std::int32_t event, TarnelVariant* arguments) {
+  const auto first = aSink([](std::int32_t event, TarnelVariant* arguments) {
     if (event != TARNEL_UPDATE_OUTLOOK_SETTINGS) return TARNEL_OK;
     *arguments[0].value.int32Reference = 7;
     return tarnelReplaceText(&arguments[2].value.variantReference->value.text, "Grüße");
   });
   std::string seen;
-  Sink second([&seen](std::int32_t event, TarnelVariant* arguments) {
+  const auto second = aSink([&seen](std::int32_t event, TarnelVariant* arguments) {
     if (event != TARNEL_UPDATE_OUTLOOK_SETTINGS) return TARNEL_OK;
     const TarnelText& profile = arguments[2].value.variantReference->value.text;
     seen = std::to_string(*arguments[0].value.int32Reference) + " " +
            std::to_string(*arguments[1].value.int32Reference) + " " + std::string(profile.bytes, profile.length);
     return TARNEL_OK;
   });
-  wizard.advise(first);
-  const std::uint32_t cookie = wizard.advise(second);
+  wizard.advise(*first);
+  const std::uint32_t cookie = wizard.advise(*second);
   EXPECT_EQ(wizard.setUp(updates), TARNEL_OK);
   EXPECT_EQ(wizard.told(), "");
-  EXPECT_EQ(first.events, (Events{7, 2, 1}));
-  EXPECT_EQ(first.counts, (std::vector<std::uint32_t>{3, 0, 0}));
-  EXPECT_EQ(second.events, first.events);
+  EXPECT_EQ(first->events, (Events{7, 2, 1}));
+  EXPECT_EQ(first->counts, (std::vector<std::uint32_t>{3, 0, 0}));
+  EXPECT_EQ(second->events, first->events);
   EXPECT_EQ(seen, "7 3 Grüße");
   EXPECT_EQ(wizard.firstFailure(), "none");
   EXPECT_EQ(wizard.point->Unadvise(cookie), TARNEL_OK);
   EXPECT_EQ(wizard.point->Unadvise(cookie), TARNEL_NO_CONNECTION);
-  EXPECT_EQ(second.references, 1U);
+  EXPECT_EQ(second->references, 1U);
 }
 
 TEST_F(Component, sinksMayLeaveAndTheObjectBeReleasedInsideAnEvent) {
   Wizard wizard(library, user);
   std::uint32_t ownCookie = 0, nextCookie = 0;
-  Sink leaving([&](std::int32_t, TarnelVariant*) {
+  const auto leaving = aSink([&](std::int32_t, TarnelVariant*) {
     EXPECT_EQ(wizard.point->Unadvise(ownCookie), TARNEL_OK);
     EXPECT_EQ(wizard.point->Unadvise(nextCookie), TARNEL_OK);
     return TARNEL_OK;
   });
-  Sink next;
-  Sink last([&](std::int32_t event, TarnelVariant*) {
+  const auto next = aSink();
+  const auto last = aSink([&](std::int32_t event, TarnelVariant*) {
     if (event != TARNEL_CLOSE_THE_WIZARD) return TARNEL_OK;
     wizard.point.reset();
     wizard.wizard.release()->Release();
     return TARNEL_OK;
   });
-  ownCookie = wizard.advise(leaving);
-  nextCookie = wizard.advise(next);
-  wizard.advise(last);
+  ownCookie = wizard.advise(*leaving);
+  nextCookie = wizard.advise(*next);
+  wizard.advise(*last);
   EXPECT_EQ(wizard.setUp(updates), TARNEL_OK);
-  EXPECT_EQ(leaving.events, (Events{7}));
-  EXPECT_EQ(next.events, Events{}) << "its turn came when it had left";
-  EXPECT_EQ(last.events, (Events{7, 2, 1}));
-  EXPECT_EQ(leaving.references, 1U);
+  EXPECT_EQ(leaving->events, (Events{7}));
+  EXPECT_EQ(next->events, Events{}) << "its turn came when it had left";
+  EXPECT_EQ(last->events, (Events{7, 2, 1}));
+  EXPECT_EQ(leaving->references, 1U);
   wizard.control.reset();
-  EXPECT_EQ(last.references, 1U);
+  EXPECT_EQ(last->references, 1U);
   EXPECT_EQ(library.canUnloadNow(), TARNEL_OK);
 }
 
 TEST_F(Component, onlyOneWizardStandsOnAThread) {
   Wizard wizard(library, user), other(library, user);
-  Sink sink([&](std::int32_t, TarnelVariant*) {
+  const auto sink = aSink([&](std::int32_t, TarnelVariant*) {
     EXPECT_EQ(wizard.setUp(), TARNEL_BUSY);
     EXPECT_EQ(other.setUp(), TARNEL_BUSY);
     EXPECT_EQ(wizard.control->UseWindow(), TARNEL_BUSY);
     EXPECT_EQ(other.control->CopyCurrentTasks(), TARNEL_NO_WIZARD);
     return TARNEL_OK;
   });
-  wizard.advise(sink);
+  wizard.advise(*sink);
   EXPECT_EQ(wizard.setUp("key 27\n"), TARNEL_OK);
-  EXPECT_EQ(sink.events, (Events{1}));
+  EXPECT_EQ(sink->events, (Events{1}));
   EXPECT_EQ(other.setUp("list smtTaskList(0)\n"), TARNEL_OK);
   EXPECT_NE(other.facts.find("File the tax return"), std::string::npos) << other.facts;
-  EXPECT_EQ(sink.events, (Events{1})) << "each object has its own sinks";
+  EXPECT_EQ(sink->events, (Events{1})) << "each object has its own sinks";
   TarnelResult elsewhere = TARNEL_OK;
   std::thread([&] { elsewhere = wizard.setUp(); }).join();
   EXPECT_EQ(elsewhere, TARNEL_WRONG_THREAD);
@@ -93,8 +93,8 @@ TEST_F(Component, onlyOneWizardStandsOnAThread) {
 TEST_F(Component, handlerThatFailsIsReportedAndEndsTheWizard) {
   Wizard wizard(library, user);
   const auto reportOf = [&](const Sink::Act& act) {
-    Sink sink(act);
-    const std::uint32_t cookie = wizard.advise(sink);
+    const auto sink = aSink(act);
+    const std::uint32_t cookie = wizard.advise(*sink);
     EXPECT_EQ(wizard.setUp(updates), TARNEL_OK);
     wizard.point->Unadvise(cookie);
     const std::string line = wizard.told().substr(0, wizard.told().find('\n'));
@@ -132,12 +132,12 @@ TEST_F(Component, transfersRunInsideAnEventAndNowhereElse) {
   EXPECT_EQ(wizard.control->CopyCurrentTasks(), TARNEL_NO_WIZARD);
   const TarnelText text = tarnelText("x");
   EXPECT_EQ(wizard.control->ExplainFailure(5, &text), TARNEL_NO_WIZARD);
-  Sink sink([&](std::int32_t event, TarnelVariant*) {
+  const auto sink = aSink([&](std::int32_t event, TarnelVariant*) {
     if (event != TARNEL_OUTLOOK_PREFS_CHANGED) return TARNEL_OK;
     EXPECT_EQ(wizard.control->CopyCurrentTasks(), TARNEL_OK);
     return wizard.control->ImportOutlookTasks();
   });
-  wizard.advise(sink);
+  wizard.advise(*sink);
   EXPECT_EQ(wizard.setUp(updates), TARNEL_OK);
   EXPECT_NE(wizard.told().find("\"message\""), std::string::npos) << wizard.told();
   EXPECT_EQ(wizard.firstFailure(), "none");
