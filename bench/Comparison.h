@@ -27,12 +27,17 @@ class Comparison {
 
   template <class Work>
   void baseline(Work work) {
-    baseline_.push_back(secondsOf(work));
+    addBaseline(secondsOf(work));
   }
   template <class Work>
   void measured(Work work) {
-    measured_.push_back(secondsOf(work));
-    state_.SetIterationTime(measured_.back());
+    addMeasured(secondsOf(work));
+  }
+  // Seconds that were measured elsewhere.
+  void addBaseline(double seconds) { baseline_.push_back(seconds); }
+  void addMeasured(double seconds) {
+    measured_.push_back(seconds);
+    state_.SetIterationTime(seconds);
   }
 
  private:

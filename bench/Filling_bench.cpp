@@ -1,10 +1,12 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+#include <memory>
 
 #include "BenchTasks.h"
 #include "Comparison.h"
 #include "Engine.h"
+#include "FreshProcess.h"
 #include "TaskQuery.h"
 #include "WizardSides.h"
 
@@ -60,22 +62,53 @@ void tarnelListFills(benchmark::State& state) {
   }
 }
 
+// Seconds of the first fill in a process of its own, or of the second one, which finds the first one's memory.
+enum class Fill { first, second };
+double fillAlone(std::int64_t count, Fill which) {
+  BenchTasks& tasks = BenchTasks::of(count);
+  return cpuSecondsInFreshProcess([&] {
+    auto wizard = std::make_shared<WizardSides>(tasks);
+    if (which == Fill::second) fill(wizard->lists);
+    return [wizard] { fill(wizard->lists); };
+  });
+}
+
+double firstReadByEngine(std::int64_t count) {
+  BenchTasks& tasks = BenchTasks::of(count);
+  return cpuSecondsInFreshProcess([&] {
+    auto engine = std::make_shared<Engine>(tasks.path());
+    return [engine] { readByEngine(*engine); };
+  });
+}
+
+void tarnelListFillsFirst(benchmark::State& state) {
+  Comparison comparison(state, Comparison::Time::cpu, 5);
+  for (auto _ : state) {
+    comparison.addBaseline(firstReadByEngine(state.range(0)));
+    comparison.addMeasured(fillAlone(state.range(0), Fill::first));
+  }
+}
+
 // A tenth of the rows is the baseline.
+template <Fill which>
 void tarnelListFillsTenTimesTheRows(benchmark::State& state) {
   Comparison comparison(state, Comparison::Time::cpu, 12);
   for (auto _ : state) {
-    {
-      WizardSides few(BenchTasks::of(state.range(0) / 10));
-      comparison.baseline([&] { fill(few.lists); });
-    }
-    WizardSides many(BenchTasks::of(state.range(0)));
-    comparison.measured([&] { fill(many.lists); });
+    comparison.addBaseline(fillAlone(state.range(0) / 10, which));
+    comparison.addMeasured(fillAlone(state.range(0), which));
   }
 }
 
 BENCHMARK(recordsetReadsTheList)->Arg(10000)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(tarnelListFills)->Arg(10000)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(tarnelListFillsTenTimesTheRows)
+BENCHMARK(tarnelListFillsFirst)->Arg(10000)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(tarnelListFillsTenTimesTheRows, Fill::first)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Iterations(7)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(tarnelListFillsTenTimesTheRows, Fill::second)
     ->Arg(10000)
     ->Arg(100000)
     ->Iterations(7)

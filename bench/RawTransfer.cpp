@@ -32,7 +32,7 @@ std::vector<Task> readTasks(Engine& tasks) {
 
 RawTransfer::RawTransfer(const std::filesystem::path& tasks, const std::filesystem::path& mailbox)
     : tasks_(tasks), mailbox_(mailbox) {
-  tasks_.run("PRAGMA synchronous = FULL; PRAGMA cache_size = -32768");
+  tasks_.run("PRAGMA synchronous = FULL; PRAGMA cache_size = -8192");
   mailbox_.run("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON");
   mailbox_.run("INSERT OR IGNORE INTO names(id, name) VALUES(" + std::to_string(mailbox::schema::firstNameId) + ", '" +
                linkName + "')");

@@ -8,7 +8,10 @@
 
 namespace tarnel::ado {
 
-std::size_t KeyIndex::hash(const Variant& value) { return hashOf(value); }
+KeyIndex::Number KeyIndex::hash(const Variant& value) {
+  const std::size_t whole = hashOf(value);
+  return static_cast<Number>(whole ^ whole >> 32);
+}
 
 void KeyIndex::reserve(std::size_t rows) {
   entries_.reserve(rows);
@@ -16,12 +19,12 @@ void KeyIndex::reserve(std::size_t rows) {
 }
 
 void KeyIndex::setChains(std::size_t count) {
-  std::vector<std::size_t> old(count, none);
+  std::vector<Number> old(count, none);
   first_.swap(old);
-  for (std::size_t at : old)
+  for (Number at : old)
     while (at != none) {
-      std::size_t& first = first_[chainOf(entries_[at].hash)];
-      const std::size_t behind = entries_[at].next;
+      Number& first = first_[chainOf(entries_[at].hash)];
+      const Number behind = entries_[at].next;
       entries_[at].next = first;
       first = at;
       at = behind;
@@ -32,25 +35,25 @@ void KeyIndex::add(const Variant& value, std::size_t row) {
   // Null equals nothing, so it is never looked for.
   if (value.isNull()) return;
   if (free_ == none && entries_.size() >= first_.size()) setChains(std::max<std::size_t>(16, first_.size() * 2));
-  const std::size_t key = hash(value);
-  std::size_t& first = first_[chainOf(key)];
-  const std::size_t behind = first;
+  const Number key = hash(value);
+  Number& first = first_[chainOf(key)];
+  const Number behind = first;
   if (free_ != none) {
     first = free_;
     free_ = entries_[free_].next;
   } else {
-    first = entries_.size();
+    first = static_cast<Number>(entries_.size());
     entries_.emplace_back();
   }
-  entries_[first] = {key, row, behind};
+  entries_[first] = {key, static_cast<Number>(row), behind};
 }
 
 void KeyIndex::remove(const Variant& value, std::size_t row) {
   if (first_.empty()) return;
-  const std::size_t key = hash(value);
-  for (std::size_t* at = &first_[chainOf(key)]; *at != none; at = &entries_[*at].next) {
+  const Number key = hash(value);
+  for (Number* at = &first_[chainOf(key)]; *at != none; at = &entries_[*at].next) {
     if (entries_[*at].hash != key || entries_[*at].row != row) continue;
-    const std::size_t removed = std::exchange(*at, entries_[*at].next);
+    const Number removed = std::exchange(*at, entries_[*at].next);
     entries_[removed].next = free_;
     free_ = removed;
     return;

@@ -9,7 +9,7 @@
 namespace tarnel::ado {
 
 // Which rows may hold a value in one column. Keeps hashes alone, so whoever asks compares the values themselves. Lies
-// in two arrays, since over many rows a node for each would cost more in memory's delays than all the rest.
+// in two arrays of small numbers, since over many rows fresh memory costs more than all the rest.
 class KeyIndex {
  public:
   // Makes room for that many rows at once.
@@ -20,27 +20,29 @@ class KeyIndex {
   template <class Visit>
   void visitCandidates(const Variant& value, Visit visit) const {
     if (first_.empty()) return;
-    const std::size_t wanted = hash(value);
-    for (std::size_t at = first_[chainOf(wanted)]; at != none; at = entries_[at].next)
+    const Number wanted = hash(value);
+    for (Number at = first_[chainOf(wanted)]; at != none; at = entries_[at].next)
       if (entries_[at].hash == wanted) visit(entries_[at].row);
   }
 
  private:
-  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+  // A row, a place in `entries_` or a part of a hash; memory ends before the rows that 32 bits can count.
+  using Number = std::uint32_t;
+  static constexpr Number none = static_cast<Number>(-1);
   struct Entry {
-    std::size_t hash;
-    std::size_t row;
-    std::size_t next;  // of the same chain
+    Number hash;
+    Number row;
+    Number next;  // of the same chain
   };
 
-  static std::size_t hash(const Variant& value);
+  static Number hash(const Variant& value);
   // The number of chains is a power of two.
-  std::size_t chainOf(std::size_t hash) const { return hash & (first_.size() - 1); }
+  std::size_t chainOf(Number hash) const { return hash & (first_.size() - 1); }
   void setChains(std::size_t count);
 
-  std::vector<std::size_t> first_;  // by chain
+  std::vector<Number> first_;  // by chain
   std::vector<Entry> entries_;
-  std::size_t free_ = none;  // the chain of entries that were removed
+  Number free_ = none;  // the chain of entries that were removed
 };
 
 }  // namespace tarnel::ado

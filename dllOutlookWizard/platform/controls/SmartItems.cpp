@@ -58,7 +58,7 @@ SmartItem& SmartItems::Add(std::size_t position, std::string key, std::string ca
   SmartItem& result = *item;
   result.index_ = items_.size();
   items_.push_back(std::move(item));
-  if (!result.key_.empty()) byKey_.emplace(result.key_, &result);
+  if (!result.key_.empty()) byKey_.add(result);
   control_.lastItem_ = &result;
   added(result);
   return result;
@@ -72,9 +72,9 @@ void SmartItems::Clear() {
 }
 
 std::size_t SmartItems::find(std::string_view key) const {
-  const auto found = byKey_.find(key);
-  if (found == byKey_.end()) throw Failure(failure::invalidCall, "There is no item with the key " + std::string(key));
-  return found->second->index_;
+  const SmartItem* found = byKey_.find(key);
+  if (!found) throw Failure(failure::invalidCall, "There is no item with the key " + std::string(key));
+  return found->index_;
 }
 
 SmartItem& SmartItems::Item(std::string_view key) { return *items_[find(key)]; }
@@ -83,7 +83,7 @@ const SmartItem& SmartItems::Item(std::string_view key) const { return *items_[f
 void SmartItems::Remove(std::string_view key) {
   const std::size_t index = find(key);
   control_.lastItem_ = nullptr;
-  byKey_.erase(byKey_.find(key));
+  byKey_.remove(key);
   items_.erase(std::next(items_.begin(), static_cast<std::ptrdiff_t>(index)));
   for (std::size_t i = index; i < items_.size(); ++i) items_[i]->index_ = i;
   removed(index);

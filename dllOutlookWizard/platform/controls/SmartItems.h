@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "ItemKeys.h"
 #include "Signal.h"
 #include "Variant.h"
 
@@ -123,7 +123,7 @@ class SmartItems {
   // Keys are compared exactly. Failure 5 when there is no such item.
   SmartItem& Item(std::string_view key);
   const SmartItem& Item(std::string_view key) const;
-  bool Exists(std::string_view key) const { return byKey_.contains(key); }
+  bool Exists(std::string_view key) const { return byKey_.find(key) != nullptr; }
   // Failure 5 when there is no such item. The items behind it move up by one.
   void Remove(std::string_view key);
 
@@ -162,7 +162,7 @@ class SmartItems {
 
   SmartUI& control_;
   std::vector<std::unique_ptr<SmartItem>> items_;
-  std::unordered_map<std::string_view, SmartItem*> byKey_;  // views of the items' own keys
+  ItemKeys byKey_;
 };
 
 }  // namespace tarnel
