@@ -102,7 +102,7 @@ class Translator {
   }
 
   void addUserProperty(const Filter& filter) {
-    const auto name = findNameId(store_, filter.property);
+    const auto name = store_.nameId(filter.property);
     if (!name) failFilter(text_, "there is no property \"" + filter.property + "\"");
     // An exception's properties are its own; an item without the property compares as an empty text.
     result_.sql += "ifnull((SELECT p.value FROM userProperties p WHERE p.item = i.id AND p.name = ?), '')" +

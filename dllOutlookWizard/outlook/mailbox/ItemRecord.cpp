@@ -122,7 +122,8 @@ ItemRecord readItem(const StoreStatement& row) {
 }
 
 std::optional<ItemRecord> findItem(Store& store, std::int64_t id) {
-  StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i WHERE i.id = ?");
+  static const std::string sql = "SELECT " + std::string(itemColumns) + " FROM items i WHERE i.id = ?";
+  StoreStatement rows = store.prepare(sql);
   rows.bind(id);
   return firstItem(std::move(rows));
 }

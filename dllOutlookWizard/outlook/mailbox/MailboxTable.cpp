@@ -62,6 +62,7 @@ void MailboxTable::Clear() {
   building_.reset();
   inForce_.reset();
   matches_.clear();
+  first_.reset();
   position_.reset();
 }
 
@@ -78,14 +79,19 @@ void MailboxTable::Restrict() {
 bool MailboxTable::FindFirst(bool forward) {
   StoredItems& folder = items();
   matches_.clear();
+  first_.reset();
   position_.reset();
   if (!inForce_) return false;
   Store& store = folder.mailbox()->store;
   store.requireReach();
-  StoreStatement rows =
-      store.prepare("SELECT i.id FROM items i WHERE +i.folder = ? AND " + inForce_->sql + " ORDER BY i.id");
+  generation_ = store.generation();
+  StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i WHERE +i.folder = ? AND " +
+                                      inForce_->sql + " ORDER BY i.id");
   rows.bind(folder.folder()).bind(inForce_->values);
-  while (rows.step()) matches_.push_back(rows.number(0));
+  while (rows.step()) {
+    if (forward && matches_.empty()) first_ = readItem(rows);
+    matches_.push_back(rows.number(0));
+  }
   if (!forward) std::reverse(matches_.begin(), matches_.end());
   position_ = 0;
   return !matches_.empty();
@@ -97,10 +103,16 @@ bool MailboxTable::FindNext(bool forward) {
   return *position_ < matches_.size();
 }
 
+std::optional<ItemRecord> MailboxTable::currentMatch() const {
+  Store& store = items_->mailbox()->store;
+  if (*position_ == 0 && first_ && store.generation() == generation_) return first_;
+  return findItem(store, matches_[*position_]);
+}
+
 std::vector<Variant> MailboxTable::GetRow() {
   StoredItems& folder = items();
   if (!position_ || *position_ >= matches_.size()) return {};
-  const auto item = findItem(folder.mailbox()->store, matches_[*position_]);
+  const auto item = currentMatch();
   // Gone or moved away since the search began.
   if (!item || item->folder != folder.folder()) return {};
   std::vector<Variant> row;

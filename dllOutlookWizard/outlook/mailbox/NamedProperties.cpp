@@ -4,14 +4,8 @@
 
 namespace tarnel::mailbox {
 
-std::optional<std::int64_t> findNameId(Store& store, std::string_view name) {
-  StoreStatement rows = store.prepare("SELECT id FROM names WHERE name = ?");
-  if (!rows.bind(name).step()) return {};
-  return rows.number(0);
-}
-
 std::int64_t nameIdOf(Store& store, std::string_view name) {
-  if (const auto known = findNameId(store, name)) return *known;
+  if (const auto known = store.nameId(name)) return *known;
   std::int64_t id = 0;
   store.write([&] {
     store.prepare("INSERT INTO names(id, name) VALUES((SELECT ifnull(max(id) + 1, ?) FROM names), ?)")

@@ -18,8 +18,6 @@ struct NamedProperty {
   friend bool operator==(const NamedProperty&, const NamedProperty&) = default;
 };
 
-// None for a name that the store doesn't know. Names are compared without regard to case.
-std::optional<std::int64_t> findNameId(Store& store, std::string_view name);
 // Gives an unknown name the next free id, inside a transaction of its own or the caller's. Failure when all of MAPI's
 // ids are taken.
 std::int64_t nameIdOf(Store& store, std::string_view name);

@@ -18,7 +18,9 @@ std::int64_t PagedCursor::count() {
 void PagedCursor::fill(Page& page, const Row* last, std::int64_t offset) {
   Store& store = mailbox_->store;
   store.requireReach();
-  page.generation = store.refreshGeneration();
+  // Without a page there is none that changes of others could have made stale.
+  const bool isFresh = page_.generation == 0 && walk_.generation == 0;
+  page.generation = isFresh ? store.generation() : store.refreshGeneration();
   const bool sorted = !query_.sort.empty();
   std::string sql = "SELECT " + std::string(itemColumns);
   if (sorted) sql += ", " + query_.sort;

@@ -33,7 +33,7 @@ class PagedCursor : public ItemCursor {
     std::int64_t start = 0;           // place of its first row
     std::size_t used = 0;             // rows that a walk has passed
     std::size_t size = smallestPage;  // of the next page: they grow while a walk goes on
-    std::uint64_t generation = 0;
+    std::uint64_t generation = 0;     // 0 before it is first filled
   };
   static constexpr std::size_t smallestPage = 1;  // many a search asks for the first item alone
   static constexpr std::size_t largestPage = 256;

@@ -22,7 +22,7 @@ Store::Store(const std::filesystem::path& path)
 
 void Store::open() {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  const int result = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   database_.reset(opened);
   if (result != SQLITE_OK) fail(result);
   sqlite3_extended_result_codes(opened, 1);
@@ -55,20 +55,21 @@ void Store::requireReach() const {
 }
 
 StoreStatement Store::prepare(std::string_view sql) {
-  std::string key(sql);
-  if (auto idle = idle_.extract(key)) return {*this, std::move(key), std::move(idle.mapped())};
+  if (const auto idle = idle_.find(sql); idle != idle_.end()) return {*this, idle_.extract(idle)};
   sqlite3_stmt* made = nullptr;
-  const int result = sqlite3_prepare_v3(database_.get(), key.c_str(), static_cast<int>(key.size()) + 1,
+  const int result = sqlite3_prepare_v3(database_.get(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &made, nullptr);
   if (result != SQLITE_OK) fail(result);
-  return {*this, std::move(key), StoreStatement::Handle(made, sqlite3_finalize)};
+  StoreStatement::Prepared one;
+  one.emplace(sql, StoreStatement::Handle(made, sqlite3_finalize));
+  return {*this, one.extract(one.begin())};
 }
 
-void Store::takeBack(std::string sql, StoreStatement::Handle handle) {
+void Store::takeBack(StoreStatement::Prepared::node_type prepared) {
   // A reset gives the run's own failure once more; it has been told already.
-  sqlite3_reset(handle.get());
-  sqlite3_clear_bindings(handle.get());
-  idle_.try_emplace(std::move(sql), std::move(handle));
+  sqlite3_reset(prepared.mapped().get());
+  sqlite3_clear_bindings(prepared.mapped().get());
+  idle_.insert(std::move(prepared));
 }
 
 void Store::write(const std::function<void()>& work) {
@@ -85,13 +86,14 @@ void Store::read(const std::function<void()>& work) {
 }
 
 void Store::inTransaction(const char* begin, const std::function<void()>& work) {
-  execute(begin);
+  prepare(begin).run();
   inTransaction_ = true;
   try {
     work();
-    execute("COMMIT");
+    prepare("COMMIT").run();
   } catch (...) {
     inTransaction_ = false;
+    nameIds_.clear();  // one of them may go with the transaction
     // Some failures have rolled back already, and then there is nothing left to roll back.
     sqlite3_exec(database_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
     throw;
@@ -102,6 +104,13 @@ void Store::inTransaction(const char* begin, const std::function<void()>& work) 
 std::int64_t Store::lastInsertId() const { return sqlite3_last_insert_rowid(database_.get()); }
 
 std::int64_t Store::changedRows() const { return sqlite3_changes64(database_.get()); }
+
+std::optional<std::int64_t> Store::nameId(std::string_view name) {
+  if (const auto known = nameIds_.find(name); known != nameIds_.end()) return known->second;
+  StoreStatement rows = prepare("SELECT id FROM names WHERE name = ?");
+  if (!rows.bind(name).step()) return {};
+  return nameIds_.emplace(name, rows.number(0)).first->second;
+}
 
 std::uint64_t Store::refreshGeneration() {
   StoreStatement version = prepare("PRAGMA data_version");

@@ -5,9 +5,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "MailboxFile.h"
 #include "StoreStatement.h"
@@ -44,6 +44,9 @@ class Store {
   std::int64_t changedRows() const;
   // The folders, which no mailbox ever changes, by their numbers.
   const std::map<std::int64_t, std::string>& folders() const { return folders_; }
+  // The number of a property's name, which no mailbox ever takes back; none for a name that it doesn't know. Case is
+  // ignored.
+  std::optional<std::int64_t> nameId(std::string_view name);
 
   // Grows with every change that this connection made; `refreshGeneration` also takes changes of others in.
   std::uint64_t generation() const { return generation_; }
@@ -54,7 +57,7 @@ class Store {
 
  private:
   friend class StoreStatement;
-  void takeBack(std::string sql, StoreStatement::Handle handle);
+  void takeBack(StoreStatement::Prepared::node_type prepared);
   void open();
   void requireSoundness();
   void execute(const char* sql);
@@ -63,9 +66,10 @@ class Store {
   std::filesystem::path path_;
   FileIdentity identity_;
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
-  std::unordered_map<std::string, StoreStatement::Handle> idle_;
+  StoreStatement::Prepared idle_;
   std::string id_;
   std::map<std::int64_t, std::string> folders_;
+  std::map<std::string, std::int64_t, std::less<>> nameIds_;  // those asked for, as they were spelt
   std::uint64_t generation_ = 1;
   std::int64_t seenVersion_ = 0;
   bool inTransaction_ = false;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -21,9 +23,15 @@ using SqlValue = std::variant<std::monostate, std::int64_t, std::string>;
 class StoreStatement {
  public:
   using Handle = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+  };
+  // Prepared statements by their texts. One that runs is taken out whole, so that a run copies no text.
+  using Prepared = std::unordered_map<std::string, Handle, TextHash, std::equal_to<>>;
 
-  StoreStatement(Store& store, std::string sql, Handle handle)
-      : store_(&store), sql_(std::move(sql)), handle_(std::move(handle)) {}
+  StoreStatement(Store& store, Prepared::node_type prepared)
+      : store_(&store), prepared_(std::move(prepared)), statement_(prepared_.mapped().get()) {}
   StoreStatement(StoreStatement&& other) noexcept = default;
   StoreStatement& operator=(StoreStatement&&) = delete;
   ~StoreStatement();
@@ -51,8 +59,8 @@ class StoreStatement {
   void check(int result) const;
 
   Store* store_;
-  std::string sql_;
-  Handle handle_;
+  Prepared::node_type prepared_;
+  sqlite3_stmt* statement_;
   int bound_ = 0;
 };
 
