@@ -37,14 +37,9 @@ std::uint32_t number(const Head& head, std::size_t at, std::size_t bytes = 4) {
   return value;
 }
 
-bool writeProtected(const std::filesystem::path& path) {
-  struct stat found {};
-  // A file without any write bit counts as protected for everyone, also for those who could overrule it.
-  return stat(path.c_str(), &found) == 0 && ((found.st_mode & 0222) == 0 || access(path.c_str(), W_OK) != 0);
-}
-
-std::filesystem::path folderOf(const std::filesystem::path& path) {
-  return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+// A file without any write bit counts as protected for everyone, also for those who could overrule it.
+bool writeProtected(const std::filesystem::path& path, const struct stat& found) {
+  return (found.st_mode & 0222) == 0 || access(path.c_str(), W_OK) != 0;
 }
 
 bool hasLog(const std::filesystem::path& path) {
@@ -128,15 +123,26 @@ void failNewerVersion(const std::filesystem::path& path, std::int64_t version) {
               "Use a newer Tarnel.");
 }
 
+std::filesystem::path folderOf(const std::filesystem::path& path) {
+  return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+void failOutOfReach(const std::filesystem::path& path) {
+  failMailbox(path, "the file was removed or replaced while it was open", "Put it back and try again.");
+}
+
 FileIdentity FileIdentity::of(const std::filesystem::path& path) {
   struct stat found {};
   if (stat(path.c_str(), &found) != 0) return {};
   return {found.st_dev, found.st_ino};
 }
 
-void requireWritable(const std::filesystem::path& path) {
-  if (writeProtected(path)) failMailbox(path, "the file is write-protected", "Make it writable.");
-  if (writeProtected(folderOf(path)))
+void requireWritable(const std::filesystem::path& path, const std::filesystem::path& folder,
+                     const FileIdentity& opened) {
+  struct stat found {};
+  if (stat(path.c_str(), &found) != 0 || FileIdentity{found.st_dev, found.st_ino} != opened) failOutOfReach(path);
+  if (writeProtected(path, found)) failMailbox(path, "the file is write-protected", "Make it writable.");
+  if (stat(folder.c_str(), &found) == 0 && writeProtected(folder, found))
     failMailbox(path, "its folder is write-protected",
                 "Make the folder writable, or put the mailbox into another one.");
 }
@@ -149,7 +155,7 @@ void inspectMailbox(const std::filesystem::path& path) {
   const Head head = soundHead(path);
   if (number(head, userVersionAt) > schema::version) failNewerVersion(path, number(head, userVersionAt));
   requireWhole(path, head);
-  requireWritable(path);
+  requireWritable(path, folderOf(path), FileIdentity::of(path));
 }
 
 void createMailbox(const std::filesystem::path& path) {

@@ -28,8 +28,11 @@ struct FileIdentity {
   friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
-// Failure when the file or its folder no longer takes writes.
-void requireWritable(const std::filesystem::path& path);
+std::filesystem::path folderOf(const std::filesystem::path& path);
+// Failure when the path no longer leads to the file that was opened, or when the file or its folder takes no writes.
+void requireWritable(const std::filesystem::path& path, const std::filesystem::path& folder,
+                     const FileIdentity& opened);
+[[noreturn]] void failOutOfReach(const std::filesystem::path& path);
 
 // Failure 440 about a mailbox: what went wrong and what to do.
 [[noreturn]] void failMailbox(const std::filesystem::path& path, const std::string& problem, const std::string& advice);

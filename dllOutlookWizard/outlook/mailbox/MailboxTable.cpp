@@ -31,20 +31,21 @@ std::int64_t TableRestriction::nameId() const {
   return id;
 }
 
-SqlCondition TableRestriction::condition() const {
-  if (kind_ == RestrictionKind::exists)
-    return {"EXISTS (SELECT 1 FROM userProperties p WHERE p.item = i.id AND p.name = ?)", {nameId()}};
-  if (kind_ == RestrictionKind::property) {
+void TableRestriction::addTo(TableSearch& search) const {
+  SqlCondition& where = search.where;
+  if (kind_ == RestrictionKind::exists) {
+    where.sql += " AND EXISTS (SELECT 1 FROM userProperties p WHERE p.item = i.id AND p.name = ?)";
+    where.values.emplace_back(nameId());
+  } else if (kind_ == RestrictionKind::property) {
     if (relop_ != outlook::mapi::relopEqual) failTable("it compares for equality only");
-    return {"i.id IN (SELECT p.item FROM userProperties p WHERE p.name = ? AND p.value = ?)", {nameId(), value_}};
+    // An item has one value of a name, so that a join names no item twice; a list of ids would be built anew each time.
+    const std::string table = "p" + std::to_string(where.values.size());
+    search.joins += " JOIN userProperties " + table + " ON " + table + ".item = i.id";
+    where.sql += " AND " + table + ".name = ? AND " + table + ".value = ?";
+    where.values.emplace_back(nameId());
+    where.values.emplace_back(value_);
   }
-  SqlCondition all{"1", {}};
-  for (const auto& part : parts_) {
-    SqlCondition condition = part->condition();
-    all.sql += " AND " + condition.sql;
-    std::move(condition.values.begin(), condition.values.end(), std::back_inserter(all.values));
-  }
-  return all;
+  for (const auto& part : parts_) part->addTo(search);
 }
 
 void MailboxTable::setItem(std::shared_ptr<outlook::Items> items) {
@@ -73,7 +74,9 @@ outlook::Restriction& MailboxTable::SetKind(RestrictionKind kind) {
 
 void MailboxTable::Restrict() {
   if (!building_) failTable("no restriction was built");
-  inForce_ = building_->condition();
+  TableSearch search;
+  building_->addTo(search);
+  inForce_ = std::move(search);
 }
 
 bool MailboxTable::FindFirst(bool forward) {
@@ -85,9 +88,9 @@ bool MailboxTable::FindFirst(bool forward) {
   Store& store = folder.mailbox()->store;
   store.requireReach();
   generation_ = store.generation();
-  StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i WHERE +i.folder = ? AND " +
-                                      inForce_->sql + " ORDER BY i.id");
-  rows.bind(folder.folder()).bind(inForce_->values);
+  StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i" + inForce_->joins +
+                                      " WHERE +i.folder = ?" + inForce_->where.sql + " ORDER BY i.id");
+  rows.bind(folder.folder()).bind(inForce_->where.values);
   while (rows.step()) {
     if (forward && matches_.empty()) first_ = readItem(rows);
     matches_.push_back(rows.number(0));
@@ -103,20 +106,20 @@ bool MailboxTable::FindNext(bool forward) {
   return *position_ < matches_.size();
 }
 
-std::optional<ItemRecord> MailboxTable::currentMatch() const {
-  Store& store = items_->mailbox()->store;
-  if (*position_ == 0 && first_ && store.generation() == generation_) return first_;
-  return findItem(store, matches_[*position_]);
-}
-
 std::vector<Variant> MailboxTable::GetRow() {
   StoredItems& folder = items();
   if (!position_ || *position_ >= matches_.size()) return {};
-  const auto item = currentMatch();
+  Store& store = folder.mailbox()->store;
+  if (*position_ == 0 && first_ && store.generation() == generation_) return rowOf(*first_);
+  const auto item = findItem(store, matches_[*position_]);
   // Gone or moved away since the search began.
   if (!item || item->folder != folder.folder()) return {};
+  return rowOf(*item);
+}
+
+std::vector<Variant> MailboxTable::rowOf(const ItemRecord& item) const {
   std::vector<Variant> row;
-  for (const std::int32_t tag : columns_) row.push_back(column(*item, tag));
+  for (const std::int32_t tag : columns_) row.push_back(column(item, tag));
   return row;
 }
 

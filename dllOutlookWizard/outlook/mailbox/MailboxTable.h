@@ -10,6 +10,12 @@
 
 namespace tarnel::mailbox {
 
+// A search in a table of items named `i`: what is joined to it, and under which condition.
+struct TableSearch {
+  std::string joins;
+  SqlCondition where;
+};
+
 // A node of a table's restriction.
 class TableRestriction : public outlook::Restriction {
  public:
@@ -20,8 +26,8 @@ class TableRestriction : public outlook::Restriction {
   void setRelop(std::int32_t relop) override { relop_ = relop; }
   void setLpProp(std::string value) override { value_ = std::move(value); }
 
-  // Failure 440 for a relation or a property that the table can't search by.
-  SqlCondition condition() const;
+  // Adds what this node asks for. Failure 440 for a relation or a property that the table can't search by.
+  void addTo(TableSearch& search) const;
 
  private:
   std::int64_t nameId() const;
@@ -50,13 +56,13 @@ class MailboxTable : public outlook::MAPITable, private outlook::TableFilter {
   bool FindNext(bool forward) override;
 
   StoredItems& items() const;
-  std::optional<ItemRecord> currentMatch() const;
+  std::vector<Variant> rowOf(const ItemRecord& item) const;
   Variant column(const ItemRecord& item, std::int32_t tag) const;
 
   std::shared_ptr<StoredItems> items_;
   std::vector<std::int32_t> columns_;
   std::unique_ptr<TableRestriction> building_;
-  std::optional<SqlCondition> inForce_;
+  std::optional<TableSearch> inForce_;
   std::vector<std::int64_t> matches_;
   // The first match as the search read it, since most searches find no other; stale once the store was changed.
   std::optional<ItemRecord> first_;

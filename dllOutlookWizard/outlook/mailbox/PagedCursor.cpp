@@ -22,7 +22,9 @@ void PagedCursor::fill(Page& page, const Row* last, std::int64_t offset) {
   const bool isFresh = page_.generation == 0 && walk_.generation == 0;
   page.generation = isFresh ? store.generation() : store.refreshGeneration();
   const bool sorted = !query_.sort.empty();
-  std::string sql = "SELECT " + std::string(itemColumns);
+  std::string sql;
+  sql.reserve(2 * itemColumns.size());
+  sql.append("SELECT ").append(itemColumns);
   if (sorted) sql += ", " + query_.sort;
   sql += source();
   if (last) sql += sorted ? " AND (" + query_.sort + ", i.id) > (?, ?)" : " AND i.id > ?";

@@ -14,7 +14,7 @@ constexpr int busyMilliseconds = 1000;
 }  // namespace
 
 Store::Store(const std::filesystem::path& path)
-    : path_(path), identity_(FileIdentity::of(path)), database_(nullptr, sqlite3_close) {
+    : path_(path), folder_(folderOf(path)), identity_(FileIdentity::of(path)), database_(nullptr, sqlite3_close) {
   inspectMailbox(path_);
   open();
   requireSoundness();
@@ -50,8 +50,7 @@ void Store::requireSoundness() {
 }
 
 void Store::requireReach() const {
-  if (!isInReach())
-    failMailbox(path_, "the file was removed or replaced while it was open", "Put it back and try again.");
+  if (!isInReach()) failOutOfReach(path_);
 }
 
 StoreStatement Store::prepare(std::string_view sql) {
@@ -74,8 +73,7 @@ void Store::takeBack(StoreStatement::Prepared::node_type prepared) {
 
 void Store::write(const std::function<void()>& work) {
   if (inTransaction_) return work();
-  requireReach();
-  requireWritable(path_);
+  requireWritable(path_, folder_, identity_);
   inTransaction("BEGIN IMMEDIATE", work);
   ++generation_;
 }

@@ -64,6 +64,7 @@ class Store {
   void inTransaction(const char* begin, const std::function<void()>& work);
 
   std::filesystem::path path_;
+  std::filesystem::path folder_;
   FileIdentity identity_;
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
   StoreStatement::Prepared idle_;
