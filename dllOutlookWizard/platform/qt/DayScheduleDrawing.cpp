@@ -1,6 +1,7 @@
 #include <QDateTime>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStaticText>
 #include <QTextLayout>
 
 #include "Colors.h"
@@ -41,10 +42,16 @@ void paintSign(QPainter& painter, const QRect& box, bool sideways, bool atEnd) {
                                : QPolygonF{base - QPointF(4, 0), base + QPointF(4, 0), base + QPointF(0, reach)});
 }
 
+// One line, with dots for what is left over.
+void paintLine(QPainter& painter, const QRect& room, const QString& shown) {
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(shown, Qt::ElideRight, room.width()));
+}
+
 // As many whole lines as fit, the first one behind `indent`; what is left over is told by dots.
 void paintLines(QPainter& painter, const QRect& place, int indent, const QString& shown) {
-  const QFontMetrics metrics = painter.fontMetrics();
-  const int lines = std::max(place.height() / metrics.height(), 1);
+  const int height = painter.fontMetrics().height();
+  const int lines = std::max(place.height() / height, 1);
   QTextLayout layout(shown, painter.font());
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -54,14 +61,12 @@ void paintLines(QPainter& painter, const QRect& place, int indent, const QString
     QTextLine line = layout.createLine();
     if (!line.isValid()) break;
     const int left = i == 0 ? indent : 0;
-    const QRect room = lines == 1 ? place.adjusted(left, 0, 0, 0)
-                                  : QRect(place.left() + left, place.top() + i * metrics.height(), place.width() - left,
-                                          metrics.height());
+    const QRect room(place.left() + left, place.top() + i * height, place.width() - left, height);
     line.setLineWidth(room.width());
-    const bool last = i + 1 == lines;
-    const QString text = shown.mid(line.textStart(), last ? -1 : line.textLength());
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     last ? metrics.elidedText(text, Qt::ElideRight, room.width()) : text);
+    if (i + 1 == lines)
+      paintLine(painter, room, shown.mid(line.textStart()));
+    else
+      line.draw(&painter, room.topLeft());
   }
   layout.endLayout();
 }
@@ -183,7 +188,22 @@ void DayScheduleView::paintBox(QPainter& painter, const ScheduleLayout::Box& box
     indent += pictureSide + 3;
   }
   painter.setPen(ink);
-  if (indent < inside.width()) paintLines(painter, inside, indent, qt::oneLine(appointment.text));
+  if (indent >= inside.width()) return;
+  if (!oneLine) return paintLines(painter, inside, indent, qt::oneLine(appointment.text));
+  const QStaticText& line = singleLine(box.index, inside.width() - indent);
+  painter.drawStaticText(QPointF(inside.left() + indent, inside.top() + (inside.height() - line.size().height()) / 2),
+                         line);
+}
+
+const QStaticText& DayScheduleView::singleLine(std::int16_t index, int width) const {
+  const auto [kept, isNew] = singleLines_.try_emplace({index, width});
+  if (isNew) {
+    const QString text = qt::oneLine(control_.appointment(index).text);
+    kept->second.setTextFormat(Qt::PlainText);
+    kept->second.setText(fontMetrics().elidedText(text, Qt::ElideRight, width));
+    kept->second.prepare({}, font());
+  }
+  return kept->second;
 }
 
 }  // namespace tarnel::qt

@@ -48,6 +48,7 @@ void DayScheduleView::layOut() {
   if (!std::exchange(outdated_, false)) return;
   const int topMinute = layout_.minuteAt(verticalScrollBar()->value());
   layout_ = ScheduleLayout(control_, viewport()->width() - timesWidth());
+  singleLines_.clear();
   if (current_ > control_.AppCount()) current_ = 0;
   hovered_ = 0;
   for (DayScheduleView* peer : peers()) peer->layOut();

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QStaticText>
+#include <map>
+#include <utility>
 
 #include "ScheduleLayout.h"
 #include "ViewSite.h"
@@ -62,11 +65,15 @@ class DayScheduleView : public QAbstractScrollArea {
   void paintHead(QPainter& painter, const Head& head) const;
   void paintNow(QPainter& painter, const Head& head) const;
   void paintBox(QPainter& painter, const ScheduleLayout::Box& box, const QRect& place) const;
+  // The appointment's text as far as one line of that width takes it.
+  const QStaticText& singleLine(std::int16_t index, int width) const;
   QRect onViewport(const ScheduleLayout::Box& box, const Head& head) const;
 
   ctMDay& control_;
   ViewSite& site_;
   ScheduleLayout layout_;
+  // Kept until the layout changes: to shape a text costs more than to paint its whole appointment.
+  mutable std::map<std::pair<std::int16_t, int>, QStaticText> singleLines_;
   bool outdated_ = true;
   bool seen_ = false;
   std::int16_t current_ = 0;
