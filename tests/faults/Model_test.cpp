@@ -129,7 +129,7 @@ class Model : public test::Story {
       if (play(fewer).empty())
         ++i;
       else
-        steps = fewer;
+        steps = std::move(fewer);
     }
     return steps;
   }
