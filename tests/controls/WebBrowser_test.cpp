@@ -1,6 +1,7 @@
 #include "WebBrowser.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -29,7 +30,7 @@ class Browser : public testing::Test {
 
   static void write(const fs::path& file, const std::string& text) { std::ofstream(file) << text; }
 
-  fs::path home = fs::path(testing::TempDir()) / "tarnel browser";
+  fs::path home = fs::path(testing::TempDir()) / ("tarnel browser " + std::to_string(getpid()));
   fs::path help = home / "help";
   WebBrowser browser{"browsePWindow"};
   std::vector<std::string> refused;
