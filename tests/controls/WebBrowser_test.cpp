@@ -26,11 +26,11 @@ class Browser : public testing::Test {
     browser.Navigate2(help / "one.htm");
     refusal = browser.linkRefused.connect([this](const std::string& url) { refused.push_back(url); });
   }
-  ~Browser() override { fs::remove_all(home); }
+  ~Browser() override { fs::remove_all(home.parent_path()); }
 
   static void write(const fs::path& file, const std::string& text) { std::ofstream(file) << text; }
 
-  fs::path home = fs::path(testing::TempDir()) / ("tarnel browser " + std::to_string(getpid()));
+  fs::path home = fs::path(testing::TempDir()) / ("tarnel-" + std::to_string(getpid())) / "tarnel browser";
   fs::path help = home / "help";
   WebBrowser browser{"browsePWindow"};
   std::vector<std::string> refused;
