@@ -17,6 +17,15 @@ std::string ZapAmps(const std::string& text) {
   });
 }
 
+std::string unzapAmps(std::string_view caption) {
+  std::string text;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    text += caption[i];
+    if (caption.substr(i, 2) == "&&") ++i;
+  }
+  return text;
+}
+
 SmartItem* GetItemSelected(SmartItem& item) {
   return standardHandler<SmartItem*>(modules::m_OutlookWizard, "GetItemSelected", [&](SmartItem*& found) {
     for (SmartItem& entry : item.SubItems()) {

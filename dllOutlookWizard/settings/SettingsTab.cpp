@@ -106,6 +106,7 @@ void SettingsTab::smtSettings_Change(SmartItem& item, const std::string& propert
     const SmartItem* chosen = GetItemSelected(item);
     if (!chosen) failObjectNotSet();
     session().theOutlookProfile = chosen->Key();
+    profileChosen();
     lockTabs();
   });
 }

@@ -24,8 +24,10 @@ class SettingsTab {
   std::int32_t newTaskSetting = 0;
   std::int32_t newApptSetting = 0;
 
-  // The form's own events, which it passes on, and its lockTabs, raised whenever a setting was touched.
+  // The form's own events, which it passes on; its lockTabs, raised whenever a setting was touched; and the word that
+  // theOutlookProfile is another one.
   Signal<> lockTabs;
+  Signal<> profileChosen;
   Signal<> OutlookPrefsChanged;
   Signal<> ImportFromOutlook;
   Signal<> TurnOnOutlookCurrentTasks;

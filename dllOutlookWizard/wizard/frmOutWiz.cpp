@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 
+#include "ItemText.h"
 #include "Platform.h"
 #include "SessionSettings.h"
 #include "StandardHandler.h"
@@ -14,10 +15,12 @@ namespace {
 // A day number up to this one is no date that a host means.
 constexpr double lastUnsetDay = 1000;
 
+constexpr const char* title = "Tarnel Outlook Wizard";
+
 }  // namespace
 
 frmOutWiz::frmOutWiz()
-    : Form("frmOutWiz", "Tarnel Outlook Wizard"),
+    : Form("frmOutWiz", title),
       Label1_("Label1", Label::Look::backdrop),
       lblHeader_("lblHeader", Label::Look::heading),
       tabWiz_("tabWiz", {"&Tasks", "&Appointments", "&Outlook Settings"}),
@@ -67,6 +70,7 @@ void frmOutWiz::listenToControls() {
   connections_.push_back(tasks_.splitTasks.SplitterEndDrag.connect([this] { splitTasks_SplitterEndDrag(); }));
   connections_.push_back(appointments_.splitAppts.SplitterEndDrag.connect([this] { splitAppts_SplitterEndDrag(); }));
   connections_.push_back(settings_.lockTabs.connect([this] { lockTabs(); }));
+  connections_.push_back(settings_.profileChosen.connect([this] { showProfile(); }));
   const auto passOn = [this](Signal<>& fromTab, Signal<>& event) {
     connections_.push_back(fromTab.connect([&event] { event(); }));
   };
@@ -113,6 +117,7 @@ bool frmOutWiz::loadMySettings() {
     readProjects();
     placeBySettings();
     readProfile();
+    showProfile();
     settingsRead_ = true;
     loaded = true;
   });
@@ -125,6 +130,11 @@ void frmOutWiz::openFirstTab() {
     tabWiz_.setCurrent(0);
     SetVisibleTab(1);
   }
+}
+
+// The next command works on the profile's mailbox, whatever the settings tab offers: the title says so on every tab.
+void frmOutWiz::showProfile() {
+  setCaption(profileIsChosen() ? std::string(title) + " - " + unzapAmps(session().theOutlookProfile) : title);
 }
 
 }  // namespace tarnel

@@ -61,6 +61,7 @@ class frmOutWiz : public Form {
   bool loadMySettings();
   void placeBySettings();
   void openFirstTab();
+  void showProfile();
   void placePanel(PictureBox& panel, float besideWidth, float besideHeight);
   void rememberPlace();
   void setLocked(bool locked);
