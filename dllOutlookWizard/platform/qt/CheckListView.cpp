@@ -27,8 +27,10 @@ CheckListView::CheckListView(SmartUI& control, ViewSite& site, QWidget* parent)
   connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { press(index.row()); });
   connect(items_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { scrolled_ = verticalScrollBar()->value(); });
   connect(items_, &QAbstractItemModel::modelReset, this, [this] { keepPlace(); });
-  connect(items_, &QAbstractItemModel::rowsInserted, this,
-          [this](const QModelIndex&, int first, int last) { hideRows(first, last); });
+  connect(items_, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex&, int first, int last) {
+    hideRows(first, last);
+    executeDelayedItemsLayout();  // a list that grows throughout a run would stay blank until its end
+  });
   connect(items_, &QAbstractItemModel::dataChanged, this,
           [this](const QModelIndex& first, const QModelIndex& last) { hideRows(first.row(), last.row()); });
   connections_.push_back(control.displayPositionReset.connect([this] {
