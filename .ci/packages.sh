@@ -4,6 +4,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libical
   libgtest-dev pkg-config)
 show_packages=(jq fonts-noto-core)
 test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format dpkg-dev file man-db)
+check_packages=(clang libclang-rt-dev llvm)
 
 install_missing() {
   if ! command -v dpkg-query >/dev/null; then

@@ -6,16 +6,15 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 
 fuzzers=(StringBag JetSql ConnectionString SettingsFile Filter Ics Drive)
-CC=clang CXX=clang++ cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTARNEL_FUZZ=ON \
-  -DTARNEL_SANITIZE=ON -DTARNEL_QT=OFF >/dev/null
-cmake --build build/fuzz --target "${fuzzers[@]/%/_fuzz}"
+cmake --preset asan >/dev/null
+cmake --build --preset asan --target "${fuzzers[@]/%/_fuzz}"
 
 mkdir -p build/fuzz/findings
 # One fuzzer on a copy of its corpus, so that what it only tries out stays out of the sources.
 fuzz_one() {
   local corpus=build/fuzz/corpus/$1 log=build/fuzz/findings/$1.log
   mkdir -p "$corpus"
-  if ! "build/fuzz/fuzz/$1_fuzz" "$corpus" "fuzz/corpus/$1" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 \
+  if ! "build/asan/fuzz/$1_fuzz" "$corpus" "fuzz/corpus/$1" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 \
     -artifact_prefix="build/fuzz/findings/$1-" -print_final_stats=1 >"$log" 2>&1; then
     echo "$1 has found something:"
     tail -40 "$log"

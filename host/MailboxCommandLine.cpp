@@ -12,7 +12,7 @@
 namespace tarnel::host {
 namespace {
 
-struct Options {
+struct MailboxOptions {
   std::filesystem::path mailbox;
   std::string profile;
   std::filesystem::path file;
@@ -21,7 +21,7 @@ struct Options {
   bool json = false;
 };
 
-std::filesystem::path mailboxOf(const Options& options) {
+std::filesystem::path mailboxOf(const MailboxOptions& options) {
   if (!options.mailbox.empty()) return options.mailbox;
   if (options.profile.empty()) return defaultMailbox();
   FileRegistry registry(folders::registry());
@@ -33,7 +33,7 @@ std::filesystem::path mailboxOf(const Options& options) {
 }  // namespace
 
 void addMailboxCommand(CLI::App& app, Action& action) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<MailboxOptions>();
   CLI::App* mailbox = app.add_subcommand("mailbox", "Look into Outlook's mailbox, fill it, or change it");
   mailbox->require_subcommand(1);
   auto* file = mailbox->add_option("--mailbox", options->mailbox, "The mailbox file; your own when left out");

@@ -10,17 +10,17 @@
 namespace tarnel::host {
 namespace {
 
-struct Options {
+struct ProfileOptions {
   std::string name;
   std::filesystem::path file;
 };
 
-bool list(Profiles& profiles, const Options&) {
+bool listProfiles(Profiles& profiles, const ProfileOptions&) {
   for (const Profile& profile : profiles.list()) std::cout << profile.name << '\t' << profile.mailbox.string() << '\n';
   return true;
 }
 
-bool add(Profiles& profiles, const Options& options) {
+bool addProfile(Profiles& profiles, const ProfileOptions& options) {
   profiles.add(options.name, options.file);
   try {
     if (!std::filesystem::exists(options.file)) mailbox::createMailbox(std::filesystem::absolute(options.file));
@@ -31,7 +31,7 @@ bool add(Profiles& profiles, const Options& options) {
   return true;
 }
 
-bool remove(Profiles& profiles, const Options& options) {
+bool removeProfile(Profiles& profiles, const ProfileOptions& options) {
   profiles.remove(options.name);
   return true;
 }
@@ -39,10 +39,10 @@ bool remove(Profiles& profiles, const Options& options) {
 }  // namespace
 
 void addProfileCommand(CLI::App& app, Action& action) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<ProfileOptions>();
   CLI::App* profile = app.add_subcommand("profile", "Your Outlook profiles: names for mailbox files");
   profile->require_subcommand(1);
-  const auto addCommand = [&](const char* name, const char* about, bool (*act)(Profiles&, const Options&)) {
+  const auto addCommand = [&](const char* name, const char* about, bool (*act)(Profiles&, const ProfileOptions&)) {
     CLI::App* command = profile->add_subcommand(name, about);
     command->callback([&action, options, act] {
       action = [options, act] {
@@ -53,11 +53,11 @@ void addProfileCommand(CLI::App& app, Action& action) {
     });
     return command;
   };
-  addCommand("list", "All profiles with their mailbox files", list);
-  CLI::App* adding = addCommand("add", "Add a profile", add);
+  addCommand("list", "All profiles with their mailbox files", listProfiles);
+  CLI::App* adding = addCommand("add", "Add a profile", addProfile);
   adding->add_option("NAME", options->name, "The profile's name")->required();
   adding->add_option("FILE", options->file, "Its mailbox, made where it is missing")->required();
-  addCommand("remove", "Forget a profile; its mailbox stays", remove)
+  addCommand("remove", "Forget a profile; its mailbox stays", removeProfile)
       ->add_option("NAME", options->name, "The profile's name")
       ->required();
 }

@@ -29,7 +29,6 @@ TasksTab::TasksTab(FormState& form)
     : panel("picWiz", 1),
       splitTasks("splitTasks"),
       lists(form),
-      form_(form),
       tarnelPane_(0, 6, [this](float width, float height) { layTarnelPane(width, height); }),
       outlookPane_(3, 7, [this](float width, float height) { layOutlookPane(width, height); }),
       tarnelCaption_("lblShow", 3, Label::Look::band, "Tarnel"),

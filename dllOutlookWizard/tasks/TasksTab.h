@@ -37,7 +37,6 @@ class TasksTab {
   void layTarnelPane(float width, float height);
   void layOutlookPane(float width, float height);
 
-  FormState& form_;
   LaidOutPane tarnelPane_;   // paneAppt(0)
   LaidOutPane outlookPane_;  // paneAppt(3)
   Label tarnelCaption_;      // lblShow(3)

@@ -114,7 +114,7 @@ TEST_F(Resources, fullDiskUnderTheMailboxIsToldAndTheNextRunHeals) {
 }
 
 TEST_F(Resources, fileHandlesUsedUpAreTold) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TARNEL_SANITIZE
   GTEST_SKIP() << "The sanitizers look at memory through pipes and take fright when they get none.";
 #endif
   addTasks(20);

@@ -60,7 +60,8 @@ TEST_F(OddMailbox, deadlinesAtTheEdgesGoToOutlookOrStayBehind) {
   EXPECT_EQ(told(onAll("0", "UPDATE")).substr(0, 31), "says: Outlook Tasks created: 4.");
   const auto all = items();
   for (std::size_t i = 0; i < std::size(edges); ++i) {
-    const auto& [deadline, due] = edges[i];
+    const char* const deadline = edges[i].first;
+    const char* const due = edges[i].second;
     const auto item =
         std::find_if(all.begin(), all.end(), [&](const auto& each) { return each["subject"] == deadline; });
     ASSERT_NE(item, all.end()) << deadline;

@@ -135,7 +135,8 @@ TEST_F(BadFilesTest, aKillAtAnyMomentLeavesNoHalfItemAndLosesNoneThatWasSaved) {
     const int saves = std::uniform_int_distribution(1, 60)(random);
     char mark = 0;
     for (int i = 0; i < saves; ++i) ASSERT_EQ(::read(pipe[0], &mark, 1), 1);
-    random.discard(std::uniform_int_distribution(0, 300000)(random));  // somewhere within the next saves
+    random.discard(std::uniform_int_distribution<std::mt19937::result_type>(
+        0, 300000)(random));  // somewhere within the next saves
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     int told = saves;

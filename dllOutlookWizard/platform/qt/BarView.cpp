@@ -13,7 +13,7 @@
 namespace tarnel::qt {
 namespace {
 
-constexpr int gap = 2;
+constexpr int placeGap = 2;
 constexpr int edge = 3;
 constexpr int separatorWidth = 5;
 constexpr int overflowWidth = 24;
@@ -103,10 +103,10 @@ bool BarView::dividesNothing(const Place& separator) const {
 int BarView::widthOf(const Place& place, int padding) const {
   const bool separates = place.item->Type() == ItemType::separator;
   if (!place.item->Visible() || (separates && dividesNothing(place))) return 0;
-  if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + gap;
-  if (separates) return separatorWidth + gap;
-  if (place.item->Type() == ItemType::dropDown) return dropDownWidth + gap;
-  return place.widget->sizeHint().width() + gap;
+  if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + placeGap;
+  if (separates) return separatorWidth + placeGap;
+  if (place.item->Type() == ItemType::dropDown) return dropDownWidth + placeGap;
+  return place.widget->sizeHint().width() + placeGap;
 }
 
 int BarView::widthOfAll(int padding) const {
@@ -144,11 +144,11 @@ void BarView::arrange() {
     const int wide = widthOf(place, padding);
     const bool fits = overflowing_.empty() && left + wide <= end;
     if (!fits && wide > 0) overflowing_.push_back(place.item);
-    place.widget->setGeometry(left, top, std::max(wide - gap, 0), high);
+    place.widget->setGeometry(left, top, std::max(wide - placeGap, 0), high);
     place.widget->setVisible(fits && wide > 0);
     if (fits) left += wide;
   }
-  overflow_->setGeometry(width() - edge - overflowWidth + gap, top, overflowWidth - gap, high);
+  overflow_->setGeometry(width() - edge - overflowWidth + placeGap, top, overflowWidth - placeGap, high);
   overflow_->setVisible(!overflowing_.empty());
   update();
 }

@@ -14,8 +14,8 @@ namespace tarnel::qt {
 namespace {
 
 constexpr int boxSide = 14;
-constexpr int pictureSide = 16;
-constexpr int gap = 6;
+constexpr int rowPictureSide = 16;
+constexpr int rowGap = 6;
 
 struct Parts {
   QRect box, picture, caption;
@@ -26,11 +26,11 @@ Parts partsOf(const QRect& row) {
     return QRect(left, row.top() + (row.height() - side) / 2, side, side);
   };
   Parts parts;
-  parts.box = square(row.left() + gap, boxSide);
-  parts.picture = square(parts.box.right() + 1 + gap, pictureSide);
+  parts.box = square(row.left() + rowGap, boxSide);
+  parts.picture = square(parts.box.right() + 1 + rowGap, rowPictureSide);
   parts.caption = row;
-  parts.caption.setLeft(parts.picture.right() + 1 + gap);
-  parts.caption.setRight(row.right() - gap);
+  parts.caption.setLeft(parts.picture.right() + 1 + rowGap);
+  parts.caption.setRight(row.right() - rowGap);
   return parts;
 }
 

@@ -15,7 +15,7 @@
 namespace tarnel::qt {
 namespace {
 
-constexpr int pictureSide = 14;
+constexpr int cardPictureSide = 14;
 constexpr int signSide = 9;
 constexpr int minutesOfHour = 60;
 const QColor nowColor(0xD9, 0x3A, 0x2B);
@@ -179,13 +179,14 @@ void DayScheduleView::paintBox(QPainter& painter, const ScheduleLayout::Box& box
   if (box.startsBefore && box.inBand) inside.setLeft(inside.left() + signSide);
   if (box.endsLater || box.startsBefore) inside.setRight(inside.right() - signSide);
   const bool oneLine = inside.height() < 2 * fontMetrics().height();
-  const double pictureTop = oneLine ? (inside.height() - pictureSide) / 2.0 : 1;
+  const double pictureTop = oneLine ? (inside.height() - cardPictureSide) / 2.0 : 1;
   int indent = 0;
   for (const std::int16_t number : {appointment.markImage, appointment.ownerImage}) {
     const std::string picture = control_.image(number);
-    if (picture.empty() || inside.width() < indent + pictureSide) continue;
-    paintPicture(painter, QRectF(inside.left() + indent, inside.top() + pictureTop, pictureSide, pictureSide), picture);
-    indent += pictureSide + 3;
+    if (picture.empty() || inside.width() < indent + cardPictureSide) continue;
+    paintPicture(painter, QRectF(inside.left() + indent, inside.top() + pictureTop, cardPictureSide, cardPictureSide),
+                 picture);
+    indent += cardPictureSide + 3;
   }
   painter.setPen(ink);
   if (indent >= inside.width()) return;

@@ -12,7 +12,7 @@ namespace tarnel::qt {
 namespace {
 constexpr int stepWidth = 16;  // pixels
 constexpr int besideToday = 6;
-constexpr int gap = 2;
+constexpr int buttonGap = 2;
 }  // namespace
 
 DropDateView::DropDateView(ctDropDate& control, ViewSite& site, QWidget* parent)
@@ -57,11 +57,11 @@ void DropDateView::resizeEvent(QResizeEvent*) {
   for (QPushButton* button : {before_, today_, after_}) {
     const int caption = button->fontMetrics().horizontalAdvance(button->text());
     const int wide = button == today_ ? caption + 2 * besideToday : stepWidth;
-    const bool fits = left + gap + wide <= width();
+    const bool fits = left + buttonGap + wide <= width();
     button->setVisible(fits);
     if (!fits) continue;
-    button->setGeometry(left + gap, 0, wide, height());
-    left += gap + wide;
+    button->setGeometry(left + buttonGap, 0, wide, height());
+    left += buttonGap + wide;
   }
 }
 

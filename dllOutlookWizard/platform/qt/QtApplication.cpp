@@ -18,7 +18,7 @@ namespace tarnel::qt {
 namespace {
 
 constexpr const char* platformVariable = "QT_QPA_PLATFORM";
-constexpr int patience = 150;  // milliseconds that the desktop has to tell its colours
+constexpr int answerPatience = 150;  // milliseconds that the desktop has to tell its colours
 
 // What the desktop answers to org.freedesktop.appearance color-scheme: 1 is dark.
 bool desktopPrefersDark() {
@@ -27,7 +27,7 @@ bool desktopPrefersDark() {
       QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
       QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
   question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
-  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience);
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, answerPatience);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return false;
   QVariant value = answer.arguments().constFirst();
   while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();

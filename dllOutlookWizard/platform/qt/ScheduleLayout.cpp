@@ -5,7 +5,7 @@
 namespace tarnel::qt {
 namespace {
 
-constexpr int gap = 2;
+constexpr int cardGap = 2;
 constexpr int minutesOfDay = 1440;
 constexpr int mostBandRows = 3;
 // Side by side boxes are at least so wide; one of a hand of cards has room for its pictures and two words.
@@ -40,12 +40,12 @@ struct Stretch {
 void spread(QRect& place, int column, int columns, int width) {
   const int wide = std::min(card, width);
   if (width / columns >= narrowestColumn || columns == 1) {
-    place.setLeft(column * width / columns + gap);
-    place.setRight((column + 1) * width / columns - gap);
+    place.setLeft(column * width / columns + cardGap);
+    place.setRight((column + 1) * width / columns - cardGap);
   } else {
     const int left = column * (width - wide) / (columns - 1);
-    place.setLeft(left - left % cardStep + gap);
-    place.setWidth(wide - 2 * gap);
+    place.setLeft(left - left % cardStep + cardGap);
+    place.setWidth(wide - 2 * cardGap);
   }
 }
 
