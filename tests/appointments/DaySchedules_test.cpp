@@ -87,20 +87,6 @@ TEST_F(DaySchedulesTest, anotherDateRefillsBothSides) {
   EXPECT_EQ(rowsOf(outlookSide()), "10:00-11:00 19 Dentist [1 0]\n");
 }
 
-TEST_F(DaySchedulesTest, withOutlookOutOfReachTheTarnelSideAloneFollowsTheDate) {
-  addAppt("A1", "11/20/2026 08:00:00", "11/20/2026 09:00:00");
-  addEvent("Dentist", "20261119T100000", "20261119T110000");
-  day().refreshDay();
-  platform_.use(noOutlook_);
-  chooseDate(11, 20);
-  EXPECT_EQ(rowsOf(tarnel()), "08:00-09:00 20 Work [2 0]\n");
-  EXPECT_EQ(rowsOf(outlookSide()), "10:00-11:00 19 Dentist [1 0]\n");
-  EXPECT_EQ(platform_.desktop.messageTexts().back(),
-            "Unable to access Outlook. Outlook may be busy, or in an unresponsive state.");
-  EXPECT_EQ(platform_.desktop.mousePointer(), MousePointer::standard);
-  EXPECT_EQ(report(), "0 reports");
-}
-
 TEST_F(DaySchedulesTest, aWalkThatOutlookRefusesEndsWithoutAWord) {
   addAppt("A1", "11/19/2026 08:00:00", "11/19/2026 09:00:00");
   addEvent("Dentist", "20261119T100000", "20261119T110000");

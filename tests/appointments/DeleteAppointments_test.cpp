@@ -47,61 +47,6 @@ TEST_F(DeleteAppointmentsTest, withoutMarksEachSideSaysSo) {
   EXPECT_EQ(tarnel().AppMarkImage(foreign), 3);
 }
 
-TEST_F(DeleteAppointmentsTest, theQuestionCountsEachKindAndNoMeansNo) {
-  selectAll(outlookSide());
-  EXPECT_FALSE(day().DeleteOutlookAppts());
-  EXPECT_EQ(lastMessage(),
-            "Outlook Appointments selected: 2 . These will be deleted (unless they are recurring Appointments) in "
-            "Outlook and therefore will not appear in Tarnel.\r\n\r\n"
-            "One Task Appointment selected. It will be deleted from Outlook but not from Tarnel.\r\n\r\nProceed?");
-  EXPECT_EQ(platform_.desktop.messages.back().buttons, MessageButtons::yesNo);
-  EXPECT_EQ(platform_.desktop.messages.back().icon, MessageIcon::information);
-  selectAll(tarnel());
-  tarnel().setAppMarkImage(indexOf(tarnel(), "Dentist"), 3);
-  EXPECT_FALSE(day().DeleteTarnelAppts());
-  EXPECT_EQ(lastMessage(),
-            "Outlook Appointments selected: 1 . These should be deleted in the Outlook half of the Wizard, or if "
-            "reoccuring, in Outlook itself.\r\n\r\n"
-            "Task Appointments selected: 2 . They will be deleted from Tarnel and Outlook if they exist "
-            "there.\r\n\r\nProceed?");
-  EXPECT_EQ(items(), dentist + standUp + write);
-  EXPECT_EQ(links(), "A1|A1\nA2|-\n");
-}
-
-TEST_F(DeleteAppointmentsTest, fromOutlooksSideItemsGoAndTaskAppointmentsLoseTheirLink) {
-  selectAll(outlookSide());
-  answerYes();
-  press("smtApptActions(1)", "DELETE");
-  EXPECT_EQ(items(), "Deleted Items" + dentist.substr(8) + standUp + "Deleted Items" + write.substr(8));
-  EXPECT_EQ(links(), "A1|-\nA2|-\n");
-  EXPECT_EQ(rowsOf(outlookSide()), "09:15-09:30 19 Stand-up [1 0]\n");
-  EXPECT_EQ(rowsOf(tarnel()),
-            "08:00-09:00 19 Write [2 0]\n10:00-11:30 19 Review [2 0]\n09:15-09:30 19 Stand-up [1 0]\n");
-  EXPECT_EQ(session().theOutlookNS, nullptr);
-  EXPECT_EQ(report(), "0 reports");
-}
-
-TEST_F(DeleteAppointmentsTest, occurrencesOfASeriesAreAskedAboutAndLeftAlone) {
-  outlookSide().select(indexOf(outlookSide(), "Stand-up"));
-  answerYes();
-  EXPECT_TRUE(day().DeleteOutlookAppts());
-  EXPECT_EQ(lastMessage(),
-            "One Outlook Appointment selected. Unless it is a recurring Appointment, it will be deleted in Outlook and "
-            "therefore will not appear in Tarnel.\r\n\r\nProceed?");
-  EXPECT_EQ(items(), dentist + standUp + write);
-  EXPECT_EQ(outlookSide().AppMarkImage(indexOf(outlookSide(), "Stand-up")), 0);
-}
-
-TEST_F(DeleteAppointmentsTest, fromTarnelsSideTheRecordGoesWithItsItemIfThereIsOne) {
-  selectAll(tarnel());
-  answerYes();
-  press("smtApptActions(0)", "DELETE");
-  EXPECT_EQ(links(), "");
-  EXPECT_EQ(items(), dentist + standUp + "Deleted Items" + write.substr(8));
-  EXPECT_EQ(rowsOf(tarnel()), "09:15-09:30 19 Stand-up [1 0]\n12:00-13:00 19 Dentist [1 0]\n");
-  EXPECT_EQ(report(), "0 reports");
-}
-
 TEST_F(DeleteAppointmentsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlook) {
   {
     auto box = openMailbox();

@@ -146,32 +146,6 @@ TEST_F(RecordClassesTest, commandsGiveTheNumberOfRowsAndRunAgain) {
   EXPECT_EQ(database.describe("SELECT tskGUIDID, tskImp FROM TASKS"), "A-1|3\n");
 }
 
-TEST_F(RecordClassesTest, sortAndFilterReachTheRecordset) {
-  clsTaskList tasks;
-  EXPECT_FALSE(tasks.CustomFilter("tskDesc = 'pay'")) << "no recordset yet, and no report";
-  tasks.CustomSortRST("tskDesc");
-  tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskGUIDID");
-  ASSERT_TRUE(tasks.GetDataKEY(rst));
-  tasks.CustomSortRST("tskDesc");
-  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "B-2");
-  tasks.CustomSortRST("tskNoSuchColumn");
-  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "B-2");
-  tasks.ClearSortRST();
-  EXPECT_EQ(toText(rst->Fields("tskGUIDID").Value()), "A-1");
-  EXPECT_TRUE(tasks.CustomFilter("tskDesc = 'call'"));
-  EXPECT_EQ(rst->RecordCount(), 1);
-  EXPECT_FALSE(tasks.CustomFilter("tskDesc ? 'call'"));
-  EXPECT_TRUE(tasks.CustomFilter());
-  EXPECT_EQ(rst->RecordCount(), 2);
-  EXPECT_EQ(reports(), "");
-
-  clsUtilCMD util;
-  util.SetSQL("SELECT * FROM TASKS");
-  ASSERT_TRUE(util.GetDataKEY(rst));
-  util.CustomSortRST("tskNoSuchColumn");
-  EXPECT_EQ(reports(), "dllTarnel clsUtilCMD CustomSortRST 3265\n");
-}
-
 TEST_F(RecordClassesTest, rowsAreReadAnewAndWritten) {
   clsTaskList tasks;
   tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskGUIDID");

@@ -21,7 +21,12 @@ TEST_F(CopyStories, firstCopyCarriesTheFieldsAndLeavesTheRest) {
            {"tskTimeSpent", "30"},
            {"tskNotes", "'private'"}});
   addTask("B", "Elsewhere", {{"tskCurrent", "0"}});
-  EXPECT_EQ(told(copy), toldCopied + "returned\n");
+  const auto result = drive(copy + "list smtTaskList(0)\n" + copy.substr(copy.find("click smtTaskActions(0) UPDATE")));
+  EXPECT_EQ(told(result), toldCopied + "says: Outlook Tasks created: 0. Tasks in Outlook updated: 0.\nreturned\n");
+  const nlohmann::json row = result.reply("list")["items"][0];
+  EXPECT_EQ(row["caption"], "Pay && sign");
+  EXPECT_EQ(row["picture"], "OUTLOOK");
+  EXPECT_FALSE(row["checked"]);
   EXPECT_EQ(mailbox(), "Tasks|Pay & sign|1|A\n");
   const nlohmann::json item = items()[0];
   EXPECT_EQ(item["importance"], 2);
@@ -51,6 +56,36 @@ TEST_F(CopyStories, updateBehindARefillOverwritesTheFieldsAndKeepsARemovedDeadli
   EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldUpdated);
   EXPECT_EQ(mailbox(), "Tasks|New|3|A\n");
   EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
+}
+
+TEST_F(CopyStories, valuesOutsideTheMappingKeepWhatOutlookHolds) {
+  addTask("A", "Odd", {{"tskStatus", "1"}, {"tskDeadline", "'2026-12-01 00:00:00'"}});
+  drive(copy);
+  change("UPDATE TASKS SET tskStatus = 4, tskDeadline = '1899-12-31 00:00:00', tskTimeNeeded = Null");
+  EXPECT_EQ(told(copy), toldUpdated + "returned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Odd|1|A\n");
+  EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
+  EXPECT_EQ(items()[0]["totalWork"], 0);
+}
+
+TEST_F(CopyStories, negativeMinutesStopTheRunAtTheirRowWhichHealsWithThem) {
+  addTask("A", "Fine", {{"tskPossPoints", "9"}});
+  addTask("B", "Owes time", {{"tskTimeNeeded", "-5"}});
+  EXPECT_EQ(told(copy).find("reports: Tarnel2OUTTasks 440"), 0U);
+  EXPECT_EQ(mailbox(), "Tasks|Fine|0|A\n");
+  change("UPDATE TASKS SET tskTimeNeeded = 5");
+  EXPECT_EQ(told(copy), "says: Outlook Tasks created: 1. Tasks in Outlook updated: 1.\nreturned\n");
+  EXPECT_EQ(mailbox(), "Tasks|Fine|0|A\nTasks|Owes time|0|B\n");
+}
+
+TEST_F(CopyStories, taskGoneFromTheDatabaseIsPassedOver) {
+  addTask("A", "Goes");
+  addTask("B", "Stays");
+  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  wizard("click smtTaskActions(0) ALL");
+  change("DELETE FROM TASKS WHERE tskGUIDID = 'A'");
+  EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldCopied);
+  EXPECT_EQ(mailbox(), "Tasks|Stays|0|B\n");
 }
 
 TEST_F(CopyStories, itemDeletedInOutlookIsMadeAnewWhetherItLiesInDeletedItemsOrIsGone) {

@@ -68,6 +68,23 @@ TEST_F(DoneAndDeleteStories, deleteInOutlookCutsTheLinkAndKeepsTheTask) {
   EXPECT_EQ(listed("1"), "");
 }
 
+TEST_F(DoneAndDeleteStories, rowsAreCountedByKindAndAnItemGoneIsPassedOver) {
+  addItem("Own too");
+  change("DELETE FROM TASKS WHERE tskGUIDID = 'C'");
+  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  wizard("answer yes");
+  wizard("click smtTaskActions(1) ALL");
+  const std::string entry = entryOf("Linked");
+  for (int i = 0; i < 2; ++i) run("mailbox delete " + entry);
+  EXPECT_EQ(
+      told(wizard("click smtTaskActions(1) MARKASDONE")),
+      "asks: Outlook Tasks selected: 2 . They will be marked as done in Outlook.//Tarnel-based Tasks selected: 2 . "
+      "They will be marked as done in both Outlook and Tarnel." +
+          proceed);
+  EXPECT_EQ(tasks(), "A|3|A\nB|3|-\n");
+  EXPECT_EQ(mailbox(), "Tasks|Outlook's own|2|-\nTasks|Task gone|2|GONE\nTasks|Own too|2|-\n");
+}
+
 TEST_F(DoneAndDeleteStories, everyItemThatBearsTheKeyGoesTogether) {
   addItem("Linked twice", "A");
   for (const char* action : {"MARKASDONE", "DELETE"}) {
@@ -82,10 +99,14 @@ TEST_F(DoneAndDeleteStories, everyItemThatBearsTheKeyGoesTogether) {
 
 TEST_F(DoneAndDeleteStories, aNoOrNothingCheckedLeavesBothStoresAsTheyWere) {
   const std::string none = "click smtTaskActions(0) NONE\nclick smtTaskActions(1) NONE\n";
-  const char* commands[][2] = {{"1", "MARKASDONE"}, {"1", "DELETE"}, {"0", "DELETE"}};
-  for (const auto& [side, action] : commands) {
+  const char* commands[][3] = {
+      {"1", "MARKASDONE", "No Outlook Tasks or Tarnel-based Tasks selected to marked as done."},
+      {"1", "DELETE", "No Outlook Tasks or Tarnel-based Tasks selected to delete."},
+      {"0", "DELETE", "Tarnel tasks marked for deletion: 0"}};
+  for (const auto& [side, action, toldNone] : commands) {
     EXPECT_EQ(told("answer no\n" + onAll(side, action)).substr(0, 5), "asks:");
-    EXPECT_EQ(told(none + "click smtTaskActions(" + side + ") " + action + "\n").substr(0, 5), "says:");
+    EXPECT_EQ(told(none + "click smtTaskActions(" + side + ") " + action + "\n"),
+              "says: " + std::string(toldNone) + "\nreturned\n");
   }
   EXPECT_EQ(tasks(), tasksBefore);
   EXPECT_EQ(mailbox(), mailboxBefore);

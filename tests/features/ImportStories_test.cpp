@@ -67,9 +67,9 @@ TEST_F(ImportStories, newTaskTakesTheFieldsAndIsLinkedOnBothSides) {
 }
 
 TEST_F(ImportStories, secondRunUpdatesAndAddsTheNotesOnceMore) {
-  addItem("Grows", {}, "DESCRIPTION:x\r\n");
+  addItem("Grows & waits", {}, "DESCRIPTION:x\r\nX-TARNEL-STATUS:WAITING\r\n");
   EXPECT_EQ(told(take + take), counted(1, 0) + counted(0, 1) + "returned\n");
-  EXPECT_EQ(rows("SELECT tskDesc, tskNotes, tskTimeNeeded FROM TASKS"), "Grows|xx|10\n");
+  EXPECT_EQ(rows("SELECT tskDesc, tskNotes, tskTimeNeeded FROM TASKS"), "Grows & waits|xx|10\n");
 }
 
 TEST_F(ImportStories, taskOutsideThePickOrGoneIsPassedOver) {

@@ -76,6 +76,17 @@ TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   EXPECT_EQ(modeInForce(), "0\n");
 }
 
+TEST_F(IntegrationStories, aTransitionThatFailsIsReportedAndSavesNothing) {
+  change("UPDATE Settings SET SetSettingValue = 'P1' WHERE SetSettingName = 'OutlookProject'");
+  change("DELETE FROM PROJECTS");
+  change("INSERT INTO PROJECTS VALUES ('P1', 'Outlook Tasks')");  // there is no other that its tasks could go to
+  const std::string text = told("resize 9000 7000\n" + update(0));
+  EXPECT_NE(text.find("reports: smtActions_Click"), std::string::npos) << text;
+  EXPECT_EQ(text.find("event: MOPKilled"), std::string::npos) << text;
+  EXPECT_EQ(modeInForce(), "2\n");
+  EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'meWidth'"), "8400\n");
+}
+
 TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
   const test::ProgramResult result =
       drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions CANCEL\ntab 0\nshow\n");

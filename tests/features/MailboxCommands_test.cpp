@@ -52,16 +52,6 @@ TEST_F(MailboxCommands, itemsAreMovedDeletedAndForGoodFromDeletedItems) {
   EXPECT_EQ(items().size(), 1U);
 }
 
-TEST_F(MailboxCommands, badComponentIsToldAndTheRestTaken) {
-  std::string bad = calendar;
-  bad.replace(bad.find("20261119T090000"), 15, "2026-whenever--");
-  run.home.write("in.ics", bad);
-  const ProgramResult result = run("mailbox import in.ics --mailbox a.mailbox");
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_NE(result.errors.find("in.ics:"), std::string::npos) << result.errors;
-  EXPECT_EQ(items().size(), 1U);
-}
-
 TEST_F(MailboxCommands, profileNamesAMailboxUntilItIsRemoved) {
   EXPECT_EQ(run("profile add 'A & B' a.mailbox").exitCode, 0);
   EXPECT_EQ(run("profile list").output, "A & B\t" + (run.home / "a.mailbox").string() + "\n");

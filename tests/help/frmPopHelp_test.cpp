@@ -49,21 +49,6 @@ TEST(PopHelp, tourIsLargerAndOffersItsStartUpChoice) {
   EXPECT_EQ(help.form->helpTourMark(), 7000);
 }
 
-TEST(PopHelp, linksAreFollowedInsideTheFolderAndRefusedOutsideIt) {
-  ShownHelp help;
-  help.browser().followLink("https://example.org/");
-  help.browser().followLink("../outside.htm");
-  EXPECT_EQ(help.browser().LocationName(), "POP-OUTLOOKINTEGRATE.htm");
-  ASSERT_EQ(help.platform.desktop.messages.size(), 2U);
-  EXPECT_NE(help.platform.desktop.messages[0].text.find("https://example.org/"), std::string::npos);
-  EXPECT_EQ(visibleItems(help.bar()), "PRINT - - CLOSE ");
-
-  help.browser().followLink("other.htm");
-  EXPECT_EQ(visibleItems(help.bar()), "PRINT - BACK - CLOSE ");
-  help.click("BACK");
-  EXPECT_EQ(help.browser().LocationName(), "POP-OUTLOOKINTEGRATE.htm");
-}
-
 TEST(PopHelp, bothWaysToCloseRaiseClosePopAndTheOpenerUnloads) {
   ShownHelp help;
   int raised = 0;

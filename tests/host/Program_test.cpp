@@ -70,31 +70,6 @@ TEST_F(Program, wrongUsageIsCodeTwoAndHelpIsNone) {
   }
 }
 
-TEST_F(Program, fileThatIsNoTaskDatabaseEndsTheWizardWithAReport) {
-  const std::string text = "Dear diary, this is no database.";
-  run.home.write("tasks.db", text);
-  const ProgramResult result = drive("show\n");
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_EQ(result.facts().back(), R"({"returned":false})"_json);
-  ASSERT_TRUE(result.facts()[0].contains("report")) << result.output;
-  EXPECT_NE(result.errors.find("tasks.db"), std::string::npos) << result.errors;
-  EXPECT_EQ(test::contentsOf(run.home / "tasks.db"), text);
-  EXPECT_NE(test::contentsOf(run.home / "tarnel/errors.txt").find("  module:    "), std::string::npos);
-  EXPECT_EQ(run("drive --database nowhere.db").exitCode, 1);
-  EXPECT_FALSE(std::filesystem::exists(run.home / "nowhere.db"));
-}
-
-TEST_F(Program, placeAndSizeComeBackAfterDoneButNotAfterEscape) {
-  run("new tasks.db");
-  const ProgramResult done = drive("resize 9000 7000\nsplit splitTasks 3000\nclick smtActions DONE\n");
-  EXPECT_EQ(done.exitCode, 0) << done.errors;
-  EXPECT_NE(done.output.find(R"({"event":"CloseTheWizard"})"), std::string::npos) << done.output;
-  drive("resize 10000 8000\nkey 27\n");
-  const auto form = drive("show\n").reply("show")["form"];
-  EXPECT_EQ(form["width"], 9000.0);
-  EXPECT_EQ(form["height"], 7000.0);
-}
-
 TEST_F(Program, optionsReachTheWizard) {
   run("new \"it's \\\"my\\\"; tasks.db\"");
   const ProgramResult result =

@@ -1,10 +1,7 @@
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-#include <random>
 
 #include "MailboxFixture.h"
 #include "StoredItem.h"
@@ -104,55 +101,6 @@ TEST_F(BadFilesTest, createMakesAWholeFileOrNone) {
   EXPECT_EQ(read(path_), before);
   EXPECT_TRUE(contains(failureOf([&] { createMailbox(folder_ / "no" / "where"); }), "can't be created"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
-}
-
-// The child says after each save how far it got; it is killed at some moment behind that.
-void saveUntilKilled(const std::filesystem::path& path, int told) {
-  FixedClock clock;
-  auto mailbox = std::make_shared<Mailbox>(path, Locale(), clock);
-  for (int i = 1;; ++i) {
-    auto item = i % 5 == 0 ? makeItem(mailbox, *findItem(mailbox->store, i / 5))
-                           : makeNewItem(mailbox, outlook::ItemType::task);
-    const std::string mark = std::to_string(i);
-    item->setSubject(mark);
-    for (const char* name : {"first", "second", "third"})
-      item->UserProperties()->Add(name, outlook::PropertyType::text)->setValue(mark);
-    item->Save();
-    if (::write(told, "+", 1) != 1) _exit(1);
-  }
-}
-
-TEST_F(BadFilesTest, aKillAtAnyMomentLeavesNoHalfItemAndLosesNoneThatWasSaved) {
-  std::mt19937 random(20261119);
-  for (int round = 0; round < 8; ++round) {
-    const auto path = folder_ / ("killed" + std::to_string(round));
-    createMailbox(path);
-    int pipe[2];
-    ASSERT_EQ(::pipe(pipe), 0);
-    const pid_t child = fork();
-    if (child == 0) saveUntilKilled(path, pipe[1]);
-    close(pipe[1]);
-    const int saves = std::uniform_int_distribution(1, 60)(random);
-    char mark = 0;
-    for (int i = 0; i < saves; ++i) ASSERT_EQ(::read(pipe[0], &mark, 1), 1);
-    random.discard(std::uniform_int_distribution<std::mt19937::result_type>(
-        0, 300000)(random));  // somewhere within the next saves
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    int told = saves;
-    while (::read(pipe[0], &mark, 1) == 1) ++told;
-    close(pipe[0]);
-
-    Mailbox mailbox(path, Locale(), clock_);
-    StoreStatement check = mailbox.store.prepare("PRAGMA integrity_check");
-    ASSERT_TRUE(check.step());
-    EXPECT_EQ(check.text(0), "ok");
-    int items = 0;
-    for (std::int64_t id = 1; const auto item = findItem(mailbox.store, id); ++id, ++items)
-      for (const NamedProperty& property : readProperties(mailbox.store, id))
-        EXPECT_EQ(property.value, item->subject) << property.name << " of item " << id;
-    EXPECT_GE(items, told - told / 5);
-  }
 }
 
 }  // namespace

@@ -32,25 +32,6 @@ void clickRow(CheckListView& list, int row) {
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(place.right() - 5, place.center().y()));
 }
 
-TEST_F(WizardWindow, checkedTaskIsCopiedAndStandsOnBothSides) {
-  addTask("T1", "Pay the rent");
-  addTask("T2", "Water the plants");
-  run([&] {
-    auto& tarnel = view<CheckListView>("smtTaskList(0)");
-    clickRow(tarnel, 1);
-    EXPECT_EQ(checkOf(tarnel, 0), Qt::Unchecked);
-    EXPECT_EQ(checkOf(tarnel, 1), Qt::Checked);
-    const QString chosen = tarnel.model()->index(1, 0).data().toString();
-    onceShown<QMessageBox>([](QMessageBox& box) { box.accept(); });
-    press("smtTaskActions(0)", "Copy/Update");
-    QApplication::processEvents();
-    EXPECT_EQ(captions(view<CheckListView>("smtTaskList(1)")), chosen + u'|');
-    EXPECT_EQ(outlookItems(), "Tasks: " + chosen.toStdString() + "|");
-  });
-  EXPECT_EQ(items().at(0).userProperties.at(0).second,
-            stored("SELECT tskGUIDID FROM TASKS WHERE tskOUTEntityID IS NOT NULL").substr(0, 2));
-}
-
 TEST_F(WizardWindow, refusedDeletionLeavesTheItemAndConfirmedTakesIt) {
   addTask("T1", "Pay the rent");
   run([&] {

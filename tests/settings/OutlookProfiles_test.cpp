@@ -86,13 +86,6 @@ TEST_F(OutlookProfilesTest, aKeyWithoutProfilesIsAFailureUnlessOneIsInForce) {
   EXPECT_EQ(reports()[0].number, failure::subscript);
 }
 
-TEST_F(OutlookProfilesTest, fiveHundredAreShown) {
-  for (int i = 0; i < 500; ++i) add("Profile " + std::to_string(i));
-  tab_.SetupForProfiles();
-  EXPECT_EQ(item("PRO1").SubItems().Count(), 500U);
-  EXPECT_EQ(note("PRO1"), "Profile 499");
-}
-
 TEST_F(OutlookProfilesTest, canBeAddedUnderNamesThatAKeyCanBear) {
   EXPECT_EQ(refusal("Tom's \"A/B\" & Söhne"), 0);
   EXPECT_EQ(refusal("tom's \"a/b\" & Söhne"), failure::keyNotUnique);

@@ -38,31 +38,6 @@ TEST_F(TaskTransitionsTest, eachPairOfModesHasItsWorkAndItsEventsInOrder) {
   EXPECT_FALSE(session().theOutlookNS);
 }
 
-TEST_F(TaskTransitionsTest, withoutOutlookTheIntegrationStaysOffAndTheUserIsTold) {
-  outlook_.outOfReach = true;
-  for (const std::int32_t to : {1, 2, 3}) {
-    platform_.desktop.messages.clear();
-    EXPECT_EQ(change(0, to), "prefs 0");
-    ASSERT_EQ(platform_.desktop.messages.size(), 2U);
-    const Message& told = platform_.desktop.messages[1];
-    EXPECT_EQ(told.icon, MessageIcon::information);
-    EXPECT_EQ(told.title, "Tarnel - Version 1.14");
-    EXPECT_EQ(told.text,
-              "Tarnel was unable to connect to your copy or Microsoft Outlook 2000 or later.\r\nIf you are using "
-              "Microsoft Outlook 2000 or later, please send a Technical Support request from the Help menu so we can "
-              "assist you.\r\nIntegrate Outlook tasks is off.");
-  }
-}
-
-TEST_F(TaskTransitionsTest, theOutlookProjectsTasksGoToTheChosenProject) {
-  inForce(2);
-  click("TASK1");
-  choose(settingsKey::outToProject, 1);
-  happened();
-  tab_.FromToOutTasks();
-  EXPECT_EQ(happened(), "200(KEY-Z,Zoo) prefs projectEnded ");
-}
-
 TEST_F(TaskTransitionsTest, aProjectThatCantBeChosenFailsBeforeTheHostHearsOfAnything) {
   session().theOutlookProjectKey = "KEY-A";  // the first one, which the list leaves out and the choice shows
   for (const std::int32_t from : {1, 2, 3}) {

@@ -143,16 +143,5 @@ TEST_F(TaskListsTest, completedTasksAreSwitchedWithoutChangingTheOrder) {
   EXPECT_FALSE(lists_.theShowCompleted);
 }
 
-TEST_F(TaskListsTest, outlookOutOfReachIsToldAndLeavesTheListEmpty) {
-  lists_.outlookList.Items().Add(0, "OLD", "Old", ItemType::checkRow);
-  EXPECT_FALSE(lists_.GetOutlookTasks());
-  EXPECT_EQ(lists_.outlookList.Items().Count(), 0U);
-  const auto texts = platform_.desktop.messageTexts();
-  ASSERT_EQ(texts.size(), 2U);
-  EXPECT_TRUE(texts[0].starts_with("Tarnel cannot properly access Microsoft Outlook on your computer.\r\n\r\n"));
-  EXPECT_EQ(platform_.desktop.messages[0].icon, MessageIcon::critical);
-  EXPECT_EQ(texts[1], "Unable to access Outlook. Outlook may be busy, or in an unresponsive state.");
-}
-
 }  // namespace
 }  // namespace tarnel

@@ -86,6 +86,11 @@ TEST_F(WizardTest, opensOnTheTasksTabAtItsFirstPlace) {
   EXPECT_EQ(storedLayout(), "3705|1000|8400|5805|0.5|0.5|");
 }
 
+TEST_F(WizardTest, titleNamesTheProfileWhoseMailboxIsWorkedOn) {
+  execute("UPDATE Settings SET SetSettingValue = 'R && D' WHERE SetSettingSection = 'OutlookProfileString'");
+  run([](Form& form) { EXPECT_EQ(form.Caption(), "Tarnel Outlook Wizard - R & D"); });
+}
+
 TEST_F(WizardTest, opensOnTheAppointmentsTabAndOnTheHostsDay) {
   run(
       [&](Form& form) {
@@ -96,45 +101,6 @@ TEST_F(WizardTest, opensOnTheAppointmentsTabAndOnTheHostsDay) {
       true, Date{1001.25});
   run([&](Form& form) { EXPECT_EQ(control<ctDropDate>(form, "ctDeadline").Date(), Date::of(2026, 11, 19)); }, false,
       Date{1000.9});
-}
-
-TEST_F(WizardTest, doneSavesAndClosesWithOneEvent) {
-  run([&](Form& form) {
-    form.Move(300, 450, 9000, 7500);
-    control<SSSplitter>(form, "splitTasks").drag(3000);
-    press(form, "smtActions", "DONE");
-    EXPECT_FALSE(form.isLoaded());
-  });
-  EXPECT_EQ(events_, "CloseTheWizard ");
-  EXPECT_EQ(storedLayout().substr(0, 31), "300|450|9000|7500|0.3333333|0.4");
-  run([&](Form& form) {
-    EXPECT_EQ(form.placement(), (Placement{300, 450, 9000, 7500}));
-    EXPECT_NEAR(control<SSSplitter>(form, "splitTasks").Panes("left").Width(), 8950.0F / 3, 2);
-  });
-}
-
-TEST_F(WizardTest, enterAndEscapeCloseWithoutSaving) {
-  for (int key : {13, 27}) {
-    events_.clear();
-    run([&](Form& form) {
-      form.Move(0, 0, 12000, 9000);
-      form.keyDown(key);
-      EXPECT_EQ(key, 0);
-    });
-    EXPECT_EQ(events_, "CloseTheWizard ");
-    EXPECT_EQ(storedLayout(), "3705|1000|8400|5805|0.5|0.5|");
-  }
-  int other = 65;
-  run([&](Form& form) {
-    form.keyDown(other);
-    EXPECT_TRUE(form.isLoaded());
-  });
-  EXPECT_EQ(other, 65);
-}
-
-TEST_F(WizardTest, theCloseBoxEndsWithoutAnyEvent) {
-  run([](Form& form) { form.unload(); });
-  EXPECT_EQ(events_, "");
 }
 
 TEST_F(WizardTest, settingsThatCannotBeReadEndTheWizardAndStayAsTheyWere) {
@@ -179,26 +145,6 @@ TEST_F(WizardTest, aShownFormKeepsNothingAndRaisesNothingWhenAFailureTakesItDown
     EXPECT_FALSE(form.isLoaded());
   });
   EXPECT_EQ(events_, "");
-}
-
-TEST_F(WizardTest, lockedTabsLeaveOnlyTheSettings) {
-  run([&](Form& form) {
-    auto& wizard = dynamic_cast<frmOutWiz&>(form);
-    auto& tabs = control<SftTabs>(form, "tabWiz");
-    auto& buttons = control<SmartUI>(form, "smtActions").Items();
-    wizard.lockTabs();
-    tabs.switchTo(1);
-    EXPECT_EQ(tabs.Current(), 0U);
-    tabs.switchTo(2);
-    EXPECT_EQ(tabs.Current(), 2U);
-    EXPECT_TRUE(buttons.Item("UPDATE").Visible() && buttons.Item("CANCEL").Visible());
-    EXPECT_FALSE(buttons.Item("DONE").Visible());
-    wizard.UNlockTabs();
-    tabs.switchTo(1);
-    EXPECT_EQ(tabs.Current(), 1U);
-    EXPECT_TRUE(control<Control>(form, "picWiz(0)").Visible());
-    EXPECT_TRUE(buttons.Item("DONE").Visible());
-  });
 }
 
 TEST_F(WizardTest, panesAreLaidOutInTheirBands) {
