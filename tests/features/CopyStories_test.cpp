@@ -61,11 +61,11 @@ TEST_F(CopyStories, updateBehindARefillOverwritesTheFieldsAndKeepsARemovedDeadli
 TEST_F(CopyStories, valuesOutsideTheMappingKeepWhatOutlookHolds) {
   addTask("A", "Odd", {{"tskStatus", "1"}, {"tskDeadline", "'2026-12-01 00:00:00'"}});
   drive(copy);
-  change("UPDATE TASKS SET tskStatus = 4, tskDeadline = '1899-12-31 00:00:00', tskTimeNeeded = Null");
+  change("UPDATE TASKS SET tskStatus = 4, tskDeadline = '1899-12-31 00:00:00', tskTimeNeeded = 7");
   EXPECT_EQ(told(copy), toldUpdated + "returned\n");
   EXPECT_EQ(mailbox(), "Tasks|Odd|1|A\n");
   EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
-  EXPECT_EQ(items()[0]["totalWork"], 0);
+  EXPECT_EQ(items()[0]["totalWork"], 7);
 }
 
 TEST_F(CopyStories, negativeMinutesStopTheRunAtTheirRowWhichHealsWithThem) {
