@@ -243,5 +243,19 @@ TEST_F(Sweep, whatHappensWhileEventsRunHarmsNoCommand) {
   EXPECT_GE(moments, 100);
 }
 
+TEST_F(Sweep, runHeedsTheChecksAsTheyAreAtEachRowsTurn) {
+  const auto interrupted = [](const std::string& bar, int moment, const std::string& interruption) {
+    BothSides sides("");
+    sides.interrupt(moment, interruption);
+    const std::string told = sides.run({bar + " ALL", bar + " UPDATE"}, 0, Kind::before);
+    EXPECT_TRUE(sides.wasInterrupted());
+    return told + sides.describe();
+  };
+  const std::string copied = interrupted("click smtTaskActions(0)", 3, "click smtTaskActions(0) UPDATE");
+  EXPECT_EQ(copied.find("reports"), std::string::npos) << "the second run left nothing checked\n" << copied;
+  const std::string imported = interrupted("click smtTaskActions(1)", 5, "click smtTaskActions(1) NONE");
+  EXPECT_EQ(imported.find("new Own"), std::string::npos) << "unchecked before its turn\n" << imported;
+}
+
 }  // namespace
 }  // namespace tarnel

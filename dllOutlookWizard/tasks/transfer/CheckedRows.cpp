@@ -4,18 +4,29 @@
 
 namespace tarnel {
 
-CheckedRows::CheckedRows(SmartUI& list) : list_(list) {
-  for (const SmartItem& row : list.Items())
-    if (row.Checked()) keys_.push_back(row.Key());
+int countCheckedRows(SmartUI& list) {
+  int count = 0;
+  for (const SmartItem& row : list.Items()) count += row.Checked() ? 1 : 0;
+  return count;
 }
 
-void CheckedRows::forEach(const std::function<void(SmartItem& row)>& act) const {
-  const auto total = static_cast<int>(keys_.size());
-  for (int done = 0; done < total; ++done) {
-    const std::string& key = keys_[static_cast<std::size_t>(done)];
-    if (list_.Items().Exists(key)) act(list_.Items().Item(key));
-    platform().desktop.progress(done + 1, total);
+void forEachCheckedRow(SmartUI& list, const std::function<void(SmartItem& row)>& act) {
+  SmartItems& rows = list.Items();
+  const int total = countCheckedRows(list);
+  int done = 0;
+  for (std::size_t i = 0; i < rows.Count();) {
+    SmartItem& row = rows.at(i);
+    if (!row.Checked()) {
+      ++i;
+      continue;
+    }
+    const std::string key = row.Key();
+    act(row);
+    const bool stayed = i < rows.Count() && rows.at(i).Key() == key;
+    if (stayed) ++i;
+    if (++done < total) platform().desktop.progress(done, total);
   }
+  platform().desktop.progress(total, total);
 }
 
 }  // namespace tarnel

@@ -1,25 +1,15 @@
 #pragma once
 
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "SmartUI.h"
 
 namespace tarnel {
 
-// The rows of a list that were checked when the run began, in list order. Rows may go and come meanwhile.
-class CheckedRows {
- public:
-  explicit CheckedRows(SmartUI& list);
+int countCheckedRows(SmartUI& list);
 
-  std::size_t count() const { return keys_.size(); }
-  // Calls back for each row that is still there, and shows how far the run is.
-  void forEach(const std::function<void(SmartItem& row)>& act) const;
-
- private:
-  SmartUI& list_;
-  std::vector<std::string> keys_;
-};
+// Calls `act` for each row that is checked when its turn comes, in list order, and shows how far the run is. `act` may
+// remove its row, and where it lets events run the user may change checks or fill the list anew.
+void forEachCheckedRow(SmartUI& list, const std::function<void(SmartItem& row)>& act);
 
 }  // namespace tarnel

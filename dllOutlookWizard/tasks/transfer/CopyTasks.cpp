@@ -123,7 +123,7 @@ bool Tarnel2OUTTasks(TaskLists& lists) {
     outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     lists.openAllTasks();
     TaskCopy run(lists);
-    CheckedRows(lists.tarnelList).forEach([&](SmartItem& row) { run.copy(row); });
+    forEachCheckedRow(lists.tarnelList, [&](SmartItem& row) { run.copy(row); });
     lists.taskRows()->UpdateBatch(ado::Affect::all);
 
     tellUser(run.summary());

@@ -17,7 +17,7 @@ void execute(const std::string& statement) {
   command.doCMDExec();
 }
 
-bool userWantsToDelete(std::size_t count) {
+bool userWantsToDelete(int count) {
   const std::string marked = "Tarnel tasks marked for deletion: " + std::to_string(count);
   if (count == 0) {
     tellUser(marked);
@@ -59,7 +59,7 @@ bool MarkOutlookTasksAsDeleted(TaskLists& lists) {
 
 bool MarkTarnelTasksAsDeleted(TaskLists& lists) {
   return standardHandler<bool>(modules::frmOutWiz, "MarkTarnelTasksAsDeleted", [&](bool& done) {
-    if (!userWantsToDelete(CheckedRows(lists.tarnelList).count())) return;
+    if (!userWantsToDelete(countCheckedRows(lists.tarnelList))) return;
     if (!manageOutlookRef()) {
       tellOutlookIsOutOfReach();
       return;

@@ -108,7 +108,7 @@ bool MakeUpdateOutlookTasksInTarnel(TaskLists& lists) {
   return standardHandler<bool>(modules::frmOutWiz, "MakeUpdateOutlookTasksInTarnel", [&](bool& done) {
     TaskImport run(lists);
     manageOutlookRef();  // out of reach shows at the first use
-    CheckedRows(lists.outlookList).forEach([&](SmartItem& row) { run.take(row); });
+    forEachCheckedRow(lists.outlookList, [&](SmartItem& row) { run.take(row); });
     platform().desktop.doEvents();
     const auto tasks = lists.taskRows();
     tasks->UpdateBatch(ado::Affect::allChapters);

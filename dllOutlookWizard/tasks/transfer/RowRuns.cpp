@@ -80,7 +80,7 @@ void changeLinkedItems(TaskLists& lists, const SmartItem& row, const TarnelRowSt
 void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps) {
   manageOutlookRef();  // out of reach shows at the first use
   OutlookRowRun run(lists, steps);
-  CheckedRows(lists.outlookList).forEach([&](SmartItem& row) { run(row); });
+  forEachCheckedRow(lists.outlookList, [&](SmartItem& row) { run(row); });
   lists.tarnelList.Refresh();
   lists.outlookList.Refresh();
   closeOutlook();
@@ -93,7 +93,7 @@ void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps) {
 void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps) {
   outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
   lists.openAllTasks();
-  CheckedRows(lists.tarnelList).forEach([&](SmartItem& row) {
+  forEachCheckedRow(lists.tarnelList, [&](SmartItem& row) {
     changeLinkedItems(lists, row, steps);
     steps.changeTask(row);
   });
