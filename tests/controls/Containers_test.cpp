@@ -87,7 +87,7 @@ TEST(SftTabs, disabledTabIsForCodeAlone) {
   EXPECT_THROW(tabs.Caption(2), Failure);
 }
 
-TEST(ctDropDate, changeComesOnceADay) {
+TEST(ctDropDate, changeComesOnceADayAndForEachChoiceOfTheUser) {
   ctDropDate box("ctDeadline");
   int changes = 0;
   const Connection changed = box.Change.connect([&] { ++changes; });
@@ -95,6 +95,8 @@ TEST(ctDropDate, changeComesOnceADay) {
   box.setDate(Date::of(2026, 11, 19, 23, 0));
   EXPECT_EQ(box.Date(), Date::of(2026, 11, 19));
   EXPECT_EQ(changes, 1);
+  box.choose(Date::of(2026, 11, 19, 7, 0));
+  EXPECT_EQ(changes, 2) << "what the user chooses counts, even the same day";
 }
 
 }  // namespace

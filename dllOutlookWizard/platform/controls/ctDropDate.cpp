@@ -3,7 +3,10 @@
 namespace tarnel {
 
 void ctDropDate::setDate(tarnel::Date date) {
-  if (date.wholeDay() == date_) return;
+  if (date.wholeDay() != date_) choose(date);
+}
+
+void ctDropDate::choose(tarnel::Date date) {
   date_ = date.wholeDay();
   Change();
 }

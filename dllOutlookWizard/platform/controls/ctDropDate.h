@@ -12,8 +12,10 @@ class ctDropDate : public Control {
 
   // Whole days.
   tarnel::Date Date() const { return date_; }
-  // The time of day is dropped. Raises Change when it is another day than before, whoever chose it.
+  // The time of day is dropped. Raises Change when it is another day than before.
   void setDate(tarnel::Date date);
+  // The user's act: raises Change for the day on show, too.
+  void choose(tarnel::Date date);
 
   Signal<> Change;
 

@@ -1,5 +1,6 @@
 #include "DropDateView.h"
 
+#include <QCalendarWidget>
 #include <QDateEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -18,6 +19,7 @@ constexpr int buttonGap = 2;
 DropDateView::DropDateView(ctDropDate& control, ViewSite& site, QWidget* parent)
     : QWidget(parent), control_(control), site_(site), edit_(new QDateEdit(this)) {
   edit_->setCalendarPopup(true);
+  edit_->calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
   edit_->setKeyboardTracking(false);
   edit_->setFont(formFont());
   edit_->setDisplayFormat(numericDateFormat());
@@ -42,7 +44,7 @@ QPushButton* DropDateView::addButton(const QString& caption, const QString& name
 }
 
 void DropDateView::choose(Date date) {
-  site_.act([this, date] { control_.setDate(date); });
+  site_.act([this, date] { control_.choose(date); });
   showState();
 }
 

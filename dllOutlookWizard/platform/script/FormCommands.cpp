@@ -156,7 +156,7 @@ Json date(Form& form, const Words& words) {
   auto& box = reachable(onlyControl<ctDropDate>(form, "date box"));
   const auto day = words[1].size() == 10 ? parseIsoDate(words[1]) : std::nullopt;
   if (!day) throw CommandError("A date is written YYYY-MM-DD, not " + words[1]);
-  box.setDate(*day);
+  box.choose(*day);
   return Json::object();
 }
 
