@@ -1,7 +1,6 @@
 #include "Locale.h"
 
 #include <langinfo.h>
-#include <locale.h>
 
 #include <array>
 #include <cctype>
@@ -34,6 +33,17 @@ std::string readableShortDate(std::string format) {
     if (std::string_view("dmY").find(format[i]) == std::string_view::npos) return Locale::Formats{}.shortDate;
   }
   return day && month && year ? format : Locale::Formats{}.shortDate;
+}
+
+// The system keeps no long date of its own: names in its language, the day where its short date has it.
+std::string longDateLike(const std::string& shortDate) {
+  return shortDate.find("%m") < shortDate.find("%d") && !shortDate.starts_with("%Y") ? Locale::Formats{}.longDate
+                                                                                     : "%A, %d %B %Y";
+}
+
+std::string withoutSeconds(std::string longTime) {
+  for (const std::string_view seconds : {":%S", ".%S"}) replaceAll(longTime, seconds, "");
+  return longTime.find("%S") == std::string::npos ? longTime : Locale::Formats{}.shortTime;
 }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
@@ -87,20 +97,37 @@ bool isCalendarDay(const CivilTime& civil) {
              .ok();
 }
 
-}  // namespace
+using Names = std::shared_ptr<std::remove_pointer_t<locale_t>>;
 
-Locale Locale::ofSystem() {
-  Formats formats;
-  if (locale_t system = newlocale(LC_TIME_MASK, "", nullptr)) {
-    formats.shortDate = readableShortDate(nl_langinfo_l(D_FMT, system));
-    formats.longTime = nl_langinfo_l(T_FMT, system);
-    if (formats.longTime == "%r") formats.longTime = "%I:%M:%S %p";
-    freelocale(system);
-  }
-  return Locale(formats);
+void releaseNames(locale_t names) {
+  if (names) freelocale(names);
 }
 
-std::string Locale::text(Date date, const std::string& format) {
+Names englishNames() {
+  static const Names names(newlocale(LC_ALL_MASK, "C", nullptr), releaseNames);
+  return names;
+}
+
+}  // namespace
+
+Locale::Locale(Formats formats) : formats_(std::move(formats)), names_(englishNames()) {}
+
+Locale Locale::ofSystem() {
+  const Names system(newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr), releaseNames);
+  if (!system) return {};
+  Formats formats;
+  formats.shortDate = readableShortDate(nl_langinfo_l(D_FMT, system.get()));
+  formats.longDate = longDateLike(formats.shortDate);
+  formats.longTime = nl_langinfo_l(T_FMT, system.get());
+  replaceAll(formats.longTime, "%r", "%I:%M:%S %p");
+  replaceAll(formats.longTime, "%T", "%H:%M:%S");
+  formats.shortTime = withoutSeconds(formats.longTime);
+  Locale locale(formats);
+  if (nl_langinfo_l(CODESET, system.get()) == std::string_view("UTF-8")) locale.names_ = system;
+  return locale;
+}
+
+std::string Locale::text(Date date, const std::string& format) const {
   const CivilTime civil = date.civil();
   std::tm tm{};
   tm.tm_year = civil.year - 1900;
@@ -113,7 +140,7 @@ std::string Locale::text(Date date, const std::string& format) {
   const auto wholeDays = static_cast<long>(date.wholeDay().days);
   tm.tm_wday = static_cast<int>(((wholeDays + 6) % 7 + 7) % 7);
   std::array<char, 256> result{};
-  return {result.data(), std::strftime(result.data(), result.size(), format.c_str(), &tm)};
+  return {result.data(), strftime_l(result.data(), result.size(), format.c_str(), &tm, names_.get())};
 }
 
 std::string Locale::generalDate(Date date) const {

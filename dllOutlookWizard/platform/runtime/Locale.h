@@ -1,8 +1,12 @@
 #pragma once
 
+#include <locale.h>
+
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "Date.h"
 
@@ -18,9 +22,9 @@ class Locale {
     std::string longTime = "%H:%M:%S";
   };
 
-  // Month first, 24 hours.
-  Locale() = default;
-  explicit Locale(Formats formats) : formats_(std::move(formats)) {}
+  // Month first, 24 hours, English names.
+  Locale() : Locale(Formats{}) {}
+  explicit Locale(Formats formats);
   // What the environment's LC_TIME gives, a two-digit year widened to four digits.
   static Locale ofSystem();
 
@@ -36,9 +40,10 @@ class Locale {
   std::optional<Date> parseDate(std::string_view text) const;
 
  private:
-  static std::string text(Date date, const std::string& format);
+  std::string text(Date date, const std::string& format) const;
 
   Formats formats_;
+  std::shared_ptr<std::remove_pointer_t<locale_t>> names_;  // of days and months
 };
 
 }  // namespace tarnel
