@@ -102,7 +102,7 @@ class DemoForm : public Form {
       actions.Items().Add(0, caption, caption, ItemType::button);
     actions.Items().Item("C&ancel").setVisible(false);
     SmartItems& entries = actions.Items().Add(0, "MORE", "&More", ItemType::menu).SubItems();
-    entries.Add(0, "PRINT", "Print", ItemType::menuEntry);
+    entries.Add(0, "PRINT", "Print", ItemType::menuEntry, "print");
   }
 
   void fillSettings() {

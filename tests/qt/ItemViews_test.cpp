@@ -55,13 +55,18 @@ TEST_F(ItemViews, whatHasNoRoomOnABarIsInItsLastMenu) {
   EXPECT_FALSE(more->isVisible());
 }
 
-TEST_F(ItemViews, menuOpensItsEntries) {
+TEST_F(ItemViews, menuButtonPressesItsItemAndItsArrowOpensTheEntries) {
   std::string pressed;
   const Connection onClick = shown.form.actions.Click.connect([&](SmartItem& item) { pressed = item.Key(); });
-  auto* button = dynamic_cast<QPushButton*>(shown.button(shown.form.actions, "&More"));
-  QMetaObject::invokeMethod(button->menu(), "aboutToShow");
-  ASSERT_EQ(button->menu()->actions().size(), 1);
-  button->menu()->actions().first()->trigger();
+  QWidget* button = shown.button(shown.form.actions, "&More");
+  const auto* entries = button->findChild<QMenu*>();
+  QTest::mouseClick(button, Qt::LeftButton, {}, {5, 5});
+  EXPECT_EQ(pressed, "MORE");
+  QTest::mouseClick(button, Qt::LeftButton, {}, {button->width() - 3, 5});
+  ASSERT_TRUE(entries->isVisible());
+  ASSERT_EQ(entries->actions().size(), 1);
+  EXPECT_FALSE(entries->actions().first()->icon().isNull());
+  entries->actions().first()->trigger();
   EXPECT_EQ(pressed, "PRINT");
 }
 

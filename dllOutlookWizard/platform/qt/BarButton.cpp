@@ -1,6 +1,8 @@
 #include "BarButton.h"
 
+#include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -25,6 +27,7 @@ void fillMenu(QMenu& menu, SmartUI& control, SmartItem& item, ViewSite& site) {
     }
     QAction* action = menu.addAction(text(entry.Caption()));
     action->setToolTip(text(entry.ToolTipText()));
+    action->setIcon(pictureIcon(entry.Picture()));
     action->setEnabled(entry.Type() != ItemType::group && entry.Type() != ItemType::label);
     if (entry.Type() == ItemType::checkRow || entry.Type() == ItemType::checkBox) {
       action->setCheckable(true);
@@ -41,15 +44,30 @@ BarButton::BarButton(SmartUI& control, SmartItem& item, ViewSite& site, QWidget*
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   setFont(formFont());
+  connect(this, &QPushButton::clicked, this, [&control, &item, &site] { site.act([&] { control.press(item); }); });
   if (item.Type() == ItemType::menu) {
-    auto* entries = new QMenu(this);
-    connect(entries, &QMenu::aboutToShow, this,
-            [&control, &item, &site, entries] { fillMenu(*entries, control, item, site); });
-    setMenu(entries);
-  } else {
-    connect(this, &QPushButton::clicked, this, [&control, &item, &site] { site.act([&] { control.press(item); }); });
+    entries_ = new QMenu(this);
+    connect(entries_, &QMenu::aboutToShow, this,
+            [this, &control, &item, &site] { fillMenu(*entries_, control, item, site); });
   }
   showState();
+}
+
+void BarButton::openMenu() { entries_->popup(mapToGlobal(rect().bottomLeft())); }
+
+void BarButton::mousePressEvent(QMouseEvent* event) {
+  const bool onArrow = event->position().x() >= width() - arrowRoom;
+  if (opensMenu() && onArrow && event->button() == Qt::LeftButton)
+    openMenu();
+  else
+    QPushButton::mousePressEvent(event);
+}
+
+void BarButton::keyPressEvent(QKeyEvent* event) {
+  if (opensMenu() && event->key() == Qt::Key_Down)
+    openMenu();
+  else
+    QPushButton::keyPressEvent(event);
 }
 
 void BarButton::showState() {

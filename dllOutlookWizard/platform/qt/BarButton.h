@@ -7,7 +7,8 @@
 
 namespace tarnel::qt {
 
-// A button of a bar: presses its item, or opens the menu of its entries.
+// A button of a bar: presses its item. Where the item has entries, the arrow at the button's end or the key Down opens
+// their menu.
 class BarButton : public QPushButton {
  public:
   static constexpr int widestPadding = 9;  // pixels at each side of the caption
@@ -23,14 +24,18 @@ class BarButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   QSize sizeHint() const override;
 
  private:
-  bool opensMenu() const { return menu() != nullptr; }
+  bool opensMenu() const { return entries_ != nullptr; }
+  void openMenu();
   bool hasPicture() const;
   QColor ground() const;
 
   SmartItem& item_;
+  QMenu* entries_ = nullptr;
 };
 
 // Fills `menu` with the entries that can be seen; choosing one presses it.

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <map>
 
 namespace tarnel::qt {
 namespace {
@@ -51,7 +52,56 @@ void paintCheck(QPainter& painter) {
   paintTick(painter, QRectF(3.2, 3.2, 9.6, 9.6));
 }
 
+const QColor paperEdge(0x5F, 0x6B, 0x7A);
+
+void paintPaper(QPainter& painter, const QRectF& sheet) {
+  painter.setPen(QPen(paperEdge, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::white);
+  painter.drawRect(sheet);
+  for (double y = sheet.top() + 2.5; y < sheet.bottom() - 1; y += 2)
+    painter.drawLine(QPointF(sheet.left() + 2, y), QPointF(sheet.right() - 2, y));
+}
+
+// A printer with a sheet above and one below.
+void paintPrinter(QPainter& painter) {
+  paintPaper(painter, QRectF(4, 1.5, 8, 5));
+  painter.setBrush(QColor(0xB9, 0xC4, 0xD2));
+  painter.drawRoundedRect(QRectF(1.5, 6, 13, 6.5), 1.2, 1.2);
+  paintPaper(painter, QRectF(4, 9.5, 8, 5));
+}
+
+// A sheet under a magnifying glass.
+void paintPreview(QPainter& painter) {
+  paintPaper(painter, QRectF(1.5, 1.5, 9, 12.5));
+  painter.setPen(QPen(QColor(0x1D, 0x4E, 0x89), 1.4, Qt::SolidLine, Qt::RoundCap));
+  painter.setBrush(QColor(0xDC, 0xE9, 0xF8));
+  painter.drawEllipse(QPointF(10, 9), 3.4, 3.4);
+  painter.drawLine(QPointF(12.6, 11.6), QPointF(14.6, 13.8));
+}
+
+const std::map<std::string, void (*)(QPainter&)>& pictures() {
+  static const std::map<std::string, void (*)(QPainter&)> all{{"Tarnel", paintTarnel},
+                                                              {"OUTLOOK", paintOutlook},
+                                                              {"CHECK", paintCheck},
+                                                              {"print", paintPrinter},
+                                                              {"preview", paintPreview}};
+  return all;
+}
+
 }  // namespace
+
+QIcon pictureIcon(const std::string& key) {
+  if (!pictures().contains(key)) return {};
+  QIcon icon;
+  for (const int pixels : {16, 24, 32}) {
+    QPixmap picture(pixels, pixels);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    paintPicture(painter, picture.rect(), key);
+    icon.addPixmap(picture);
+  }
+  return icon;
+}
 
 void paintTick(QPainter& painter, const QRectF& place) {
   const auto at = [&place](double x, double y) {
@@ -69,9 +119,7 @@ void paintPicture(QPainter& painter, const QRectF& place, const std::string& key
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(place.topLeft());
   painter.scale(place.width() / side, place.height() / side);
-  if (key == "Tarnel") paintTarnel(painter);
-  if (key == "OUTLOOK") paintOutlook(painter);
-  if (key == "CHECK") paintCheck(painter);
+  if (const auto picture = pictures().find(key); picture != pictures().end()) picture->second(painter);
   painter.restore();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QRectF>
 #include <string>
 
@@ -7,9 +8,12 @@ class QPainter;
 
 namespace tarnel::qt {
 
-// Draws the picture of this key, "Tarnel", "OUTLOOK" or "CHECK", as large as `place`, sharp at every scale. Its own
-// colours stand out on light and dark grounds. Draws nothing for any other key.
+// Draws the picture of this key, "Tarnel", "OUTLOOK", "CHECK", "print" or "preview", as large as `place`, sharp at
+// every scale. Its own colours stand out on light and dark grounds. Draws nothing for any other key.
 void paintPicture(QPainter& painter, const QRectF& place, const std::string& key);
+
+// The same for a menu; no icon for a key without a picture. What is disabled or selected is toned by the style.
+QIcon pictureIcon(const std::string& key);
 
 // A check mark in the painter's own pen.
 void paintTick(QPainter& painter, const QRectF& place);
