@@ -19,8 +19,8 @@ void DaySchedules::showFormDate() {
 }
 
 void DaySchedules::refreshDay() {
-  // A failure that was reported has taken the form away, and with it all reason to go on.
-  if (!GetAppts("CURRENTDATE", false) || !DisplayTaskAppts()) return;
+  GetAppts("CURRENTDATE", false);
+  DisplayTaskAppts();
   GetDisplayOutlookAppts(tarnelSide, form_.formCurDate, form_.formCurDate);
 }
 
