@@ -18,10 +18,14 @@ function(add_room name)
   endif()
 endfunction()
 
-# add_room_test(tasks SOURCES x_test.cpp USES tasks support): one test program per room, named <room>_tests.
+# add_room_test(tasks SOURCES x_test.cpp USES tasks support): one test program per room, named <room>_tests. LONG ones
+# start before the others, so that none of them runs on alone at the end.
 function(add_room_test room)
-  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(TEST "LONG" "" "SOURCES;USES" ${ARGN})
   add_executable(${room}_tests ${TEST_SOURCES})
   target_link_libraries(${room}_tests PRIVATE ${TEST_USES} GTest::gtest GTest::gtest_main)
-  gtest_discover_tests(${room}_tests TEST_PREFIX ${room}. DISCOVERY_MODE PRE_TEST)
+  if(TEST_LONG)
+    set(order PROPERTIES COST 100)
+  endif()
+  gtest_discover_tests(${room}_tests TEST_PREFIX ${room}. DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES ${order})
 endfunction()
