@@ -20,6 +20,7 @@ DropDateView::DropDateView(ctDropDate& control, ViewSite& site, QWidget* parent)
     : QWidget(parent), control_(control), site_(site), edit_(new QDateEdit(this)) {
   edit_->setCalendarPopup(true);
   edit_->calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+  edit_->calendarWidget()->setFirstDayOfWeek(firstDayOfWeek());
   edit_->setKeyboardTracking(false);
   edit_->setFont(formFont());
   edit_->setDisplayFormat(numericDateFormat());

@@ -24,10 +24,14 @@ inline QTime toQTime(int minute) {
   return {inside / 60, inside % 60};
 }
 
-// The user's short form in digits, with the whole year; where no country is known, month first as everywhere else.
+// Where no country is known, dates are written month first and weeks begin on Sunday, as everywhere else.
+inline bool knowsNoCountry() { return QLocale().language() == QLocale::C; }
+
+inline Qt::DayOfWeek firstDayOfWeek() { return knowsNoCountry() ? Qt::Sunday : QLocale().firstDayOfWeek(); }
+
+// The user's short form in digits, with the whole year.
 inline QString numericDateFormat() {
-  QString format = QLocale().dateFormat(QLocale::ShortFormat);
-  if (QLocale().language() == QLocale::C) format = QStringLiteral("MM/dd/yyyy");
+  QString format = knowsNoCountry() ? QStringLiteral("MM/dd/yyyy") : QLocale().dateFormat(QLocale::ShortFormat);
   format.replace(QRegularExpression(QStringLiteral("M{3,}")), QStringLiteral("MM"));
   return format.replace(QRegularExpression(QStringLiteral("y+")), QStringLiteral("yyyy"));
 }
