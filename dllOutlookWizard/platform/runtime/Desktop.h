@@ -20,7 +20,7 @@ struct Message {
 
 enum class MousePointer { standard = 0, hourglass = 11 };
 
-// What an unforeseen failure is told with.
+// What an unforeseen failure is told with. The host's library has room for three values more, which are always empty.
 struct FailureReport {
   std::string project;
   std::string module;

@@ -15,7 +15,9 @@ namespace outlook {
 class ClassFactory;
 }
 
-// The host's own library for work on whole projects; one call of it is all that the wizard makes.
+// The host's own library for work on whole projects; one call of it is all that the wizard makes. What the library
+// would be given besides is the same each time, a list of empty texts and the number 25, and stays with whoever calls a
+// real one.
 class TarnelUtilities {
  public:
   enum class Code : std::int32_t { makeOutlookProject = 100, endOutlookProject = 200 };
