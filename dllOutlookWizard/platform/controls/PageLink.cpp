@@ -11,7 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isLetterOrDigit(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool isLetterOrDigit(char c) { return isLetter(c) || (c >= '0' && c <= '9'); }
 
 // None for an escape that is none, and for the character 0, which would end a path early.
 std::optional<std::string> unescaped(std::string_view url) {
@@ -50,7 +51,7 @@ std::string escaped(std::string_view text) {
 std::string_view schemeOf(std::string_view url) {
   const std::size_t colon = url.find(':');
   if (colon == std::string_view::npos || url.find_first_of("/?#") < colon) return {};
-  return url.substr(0, colon);
+  return isLetter(url.front()) ? url.substr(0, colon) : std::string_view();
 }
 
 bool isHtml(const fs::path& file) {

@@ -11,6 +11,8 @@
 namespace tarnel {
 namespace {
 
+constexpr std::string_view hexDigits = "0123456789ABCDEF";
+
 [[noreturn]] void failNull() { throw Failure(failure::invalidNull, "Invalid use of Null"); }
 [[noreturn]] void failOverflow() { throw Failure(failure::overflow, "Overflow"); }
 
@@ -80,13 +82,6 @@ std::int32_t roundToLong(double number) {
   return static_cast<std::int32_t>(rounded);
 }
 
-std::int16_t toInteger(const Variant& value) {
-  const std::int32_t number = toLong(value);
-  if (number < std::numeric_limits<std::int16_t>::min() || number > std::numeric_limits<std::int16_t>::max())
-    failOverflow();
-  return static_cast<std::int16_t>(number);
-}
-
 std::int32_t toLong(const Variant& value) {
   if (const auto* number = value.get<std::int32_t>()) return *number;
   return roundToLong(toDouble(value));
@@ -113,7 +108,9 @@ Date toDate(const Variant& value) {
     if (const auto date = parseIsoDate(*text)) return *date;
     failTypeMismatch();
   }
-  return {toDouble(value)};
+  const double days = toDouble(value);
+  if (!Date::canBe(days)) failOverflow();
+  return {days};
 }
 
 std::string toText(const Variant& value) { return std::visit(ToText{}, value.value()); }
@@ -123,6 +120,29 @@ std::string textOrEmpty(const Variant& value) { return value.isNull() ? std::str
 bool isDate(const Variant& value) {
   const auto* text = value.get<std::string>();
   return value.is<Date>() || (text && parseIsoDate(*text));
+}
+
+std::string hexText(const Bytes& bytes) {
+  std::string text;
+  text.reserve(bytes.size() * 2);
+  for (const std::uint8_t byte : bytes) {
+    text += hexDigits[byte >> 4];
+    text += hexDigits[byte & 0xF];
+  }
+  return text;
+}
+
+std::optional<Bytes> bytesOfHex(std::string_view text) {
+  if (text.size() % 2 != 0) return {};
+  Bytes bytes;
+  bytes.reserve(text.size() / 2);
+  for (std::size_t i = 0; i < text.size(); i += 2) {
+    const std::size_t high = hexDigits.find(upper(text[i]));
+    const std::size_t low = hexDigits.find(upper(text[i + 1]));
+    if (high == std::string_view::npos || low == std::string_view::npos) return {};
+    bytes.push_back(static_cast<std::uint8_t>(high << 4 | low));
+  }
+  return bytes;
 }
 
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {

@@ -45,6 +45,11 @@ bool isTimeOfDay(int hour, int minute, int second) { return hour < 24 && minute 
 
 }  // namespace
 
+bool Date::canBe(double days) {
+  constexpr double halfSecond = 0.5 / static_cast<double>(secondsPerDay);
+  return days > -657435 && days < 2958466 - halfSecond;
+}
+
 Date Date::of(const CivilTime& civil) {
   const sys_days at =
       year{civil.year} / month{static_cast<unsigned>(civil.month)} / day{static_cast<unsigned>(civil.day)};
@@ -66,7 +71,9 @@ CivilTime Date::civil() const {
           second % 60};
 }
 
-Date Date::wholeDay() const { return {std::trunc(days)}; }
+Date Date::wholeDay() const { return {static_cast<double>(split(*this).wholeDays)}; }
+
+bool Date::isMidnight() const { return split(*this).second == 0; }
 
 std::int32_t Date::minuteOfDay() const { return static_cast<std::int32_t>(split(*this).second / 60); }
 
@@ -89,7 +96,7 @@ std::string isoText(Date date) {
 std::optional<Date> parseIsoDate(std::string_view text) {
   if (text.size() != 10 && text.size() != 16 && text.size() != 19) return {};
   const auto y = digits(text, 0, 4), m = digits(text, 5, 2), d = digits(text, 8, 2);
-  if (!y || !m || !d || text[4] != '-' || text[7] != '-') return {};
+  if (!y || !m || !d || *y < 100 || text[4] != '-' || text[7] != '-') return {};
   if (!year_month_day{year{*y}, month{static_cast<unsigned>(*m)}, day{static_cast<unsigned>(*d)}}.ok()) return {};
   if (text.size() == 10) return Date::of(*y, *m, *d);
 

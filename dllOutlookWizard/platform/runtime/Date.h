@@ -21,21 +21,24 @@ struct CivilTime {
 };
 
 // A date as a day number: whole days since 1899-12-30, the time of day as a fraction (OLE automation's date).
-// Before that day the fraction still counts forwards: -1.25 is 1899-12-29 06:00.
+// Before that day the fraction still counts forwards: -1.25 is 1899-12-29 06:00. Every question about it is answered
+// for the nearest second.
 struct Date {
+  // Within the years 0100 to 9999.
   double days = 0;
 
+  // Whether a number lies within them.
+  static bool canBe(double days);
   static Date of(const CivilTime& civil);
   static Date of(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
     return of(CivilTime{year, month, day, hour, minute, second});
   }
 
-  // To the nearest second.
   CivilTime civil() const;
-  // The whole part: the same day at midnight.
+  // The same day at midnight.
   Date wholeDay() const;
-  bool isMidnight() const { return wholeDay().days == days; }
-  // Whole minutes since midnight of its own day, 0 to 1439; seconds are cut off.
+  bool isMidnight() const;
+  // Whole minutes since midnight, 0 to 1439; seconds are cut off.
   std::int32_t minuteOfDay() const;
 
   friend auto operator<=>(const Date&, const Date&) = default;
@@ -46,7 +49,8 @@ std::int32_t minutesBetween(Date from, Date to);
 
 // "2026-11-19 08:30:00", years 0100 to 9999.
 std::string isoText(Date date);
-// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" behind it. None for any other text.
+// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" behind it, of these years. None for any other
+// text.
 std::optional<Date> parseIsoDate(std::string_view text);
 
 }  // namespace tarnel

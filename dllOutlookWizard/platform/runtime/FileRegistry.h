@@ -7,14 +7,15 @@
 namespace tarnel {
 
 // A registry in one text file. Each operation reads the file anew, so that programs side by side see one another's
-// keys; a write makes the whole new file beside the old one and then takes its place, so that there is never half a
-// file. A missing file is an empty registry. Value names are compared without regard to case, as keys are.
+// keys; a write replaces the whole file, so that there is never half a one. A missing file is an empty registry. Value
+// names are compared without regard to case, as keys are.
 //
 // The file: a first line that names its kind, then one line an entry, its fields parted by tabs: "key PATH", and behind
 // the key its values, "text NAME VALUE", "number NAME VALUE" and "bytes NAME HEX". In a field "\\" stands for a
 // backslash, "\t", "\n" and "\r" for the tab and the line ends.
 //
-// A file that can't be read so is failure 75 in every operation, naming the file and the line; it is left alone.
+// A file that can't be read so is failure 75 in every operation, naming the file and, where one is wrong, the line; it
+// is left alone.
 class FileRegistry : public Registry {
  public:
   explicit FileRegistry(std::filesystem::path file) : file_(std::move(file)) {}

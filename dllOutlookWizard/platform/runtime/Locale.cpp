@@ -89,9 +89,10 @@ bool readTime(std::string_view text, CivilTime& civil) {
   return civil.hour < 24 && civil.minute < 60 && civil.second < 60;
 }
 
+// A year of two digits is left out: which century it means can't be told.
 bool isCalendarDay(const CivilTime& civil) {
   using namespace std::chrono;
-  return civil.month >= 1 && civil.day >= 1 &&
+  return civil.year >= 100 && civil.month >= 1 && civil.day >= 1 &&
          year_month_day{year{civil.year}, month{static_cast<unsigned>(civil.month)},
                         day{static_cast<unsigned>(civil.day)}}
              .ok();

@@ -1,6 +1,7 @@
 #include "RegistryFile.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <fstream>
 #include <optional>
@@ -8,6 +9,7 @@
 
 #include "Conversions.h"
 #include "Failure.h"
+#include "ReplaceFile.h"
 
 namespace tarnel {
 namespace {
@@ -15,7 +17,6 @@ namespace {
 constexpr std::string_view firstLine = "tarnel registry 1";
 constexpr std::string_view escapedCharacters = "\\\t\n\r";
 constexpr std::string_view escapeLetters = "\\tnr";
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 std::string escaped(std::string_view text) {
   std::string field;
@@ -45,27 +46,6 @@ std::optional<std::string> unescaped(std::string_view field) {
   return text;
 }
 
-std::string hex(const Bytes& bytes) {
-  std::string text;
-  for (const std::uint8_t byte : bytes) {
-    text += hexDigits[byte >> 4];
-    text += hexDigits[byte & 0xF];
-  }
-  return text;
-}
-
-std::optional<Bytes> bytesOf(std::string_view text) {
-  if (text.size() % 2 != 0) return {};
-  Bytes bytes;
-  for (std::size_t i = 0; i < text.size(); i += 2) {
-    const std::size_t high = hexDigits.find(text[i]);
-    const std::size_t low = hexDigits.find(text[i + 1]);
-    if (high == std::string_view::npos || low == std::string_view::npos) return {};
-    bytes.push_back(static_cast<std::uint8_t>(high << 4 | low));
-  }
-  return bytes;
-}
-
 std::optional<std::int32_t> numberOf(std::string_view text) {
   std::int32_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -76,7 +56,7 @@ std::optional<std::int32_t> numberOf(std::string_view text) {
 // Kind and text of a value's line.
 std::pair<std::string_view, std::string> written(const Variant& value) {
   if (const auto* number = value.get<std::int32_t>()) return {"number", std::to_string(*number)};
-  if (const auto* bytes = value.get<Bytes>()) return {"bytes", hex(*bytes)};
+  if (const auto* bytes = value.get<Bytes>()) return {"bytes", hexText(*bytes)};
   return {"text", escaped(toText(value))};
 }
 
@@ -86,7 +66,7 @@ std::optional<Variant> valueOf(std::string_view kind, std::string_view field) {
   } else if (kind == "number") {
     if (const auto number = numberOf(field)) return Variant(*number);
   } else if (kind == "bytes") {
-    if (auto bytes = bytesOf(field)) return Variant(std::move(*bytes));
+    if (auto bytes = bytesOfHex(field)) return Variant(std::move(*bytes));
   }
   return {};
 }
@@ -126,7 +106,9 @@ RegistryFile::Value* RegistryFile::Key::find(std::string_view name) {
 
 RegistryFile RegistryFile::read(const std::filesystem::path& file) {
   RegistryFile contents;
-  if (!std::filesystem::exists(file)) return contents;
+  std::error_code error;
+  if (!std::filesystem::exists(file, error) && !error) return contents;
+  errno = 0;
   std::ifstream in(file, std::ios::binary);
   std::string line;
   std::getline(in, line);
@@ -136,6 +118,10 @@ RegistryFile RegistryFile::read(const std::filesystem::path& file) {
     ++number;
     good = takeLine(contents, line);
   }
+  if (!in.is_open() || in.bad())
+    throw Failure(failure::pathAccess, "The settings file " + file.string() + " can't be read (" +
+                                           std::generic_category().message(errno) +
+                                           "). Allow this user to read it, or move it away.");
   if (!good)
     throw Failure(failure::pathAccess, "The settings file " + file.string() + " can't be read at line " +
                                            std::to_string(number) + ". Correct this line or move the file away.");
@@ -145,26 +131,16 @@ RegistryFile RegistryFile::read(const std::filesystem::path& file) {
 bool RegistryFile::write(const std::filesystem::path& file) const {
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
-  std::filesystem::path next = file;
-  next += ".new";
-  {
-    std::ofstream out(next, std::ios::binary | std::ios::trunc);
-    out << firstLine << '\n';
-    for (const Key& key : keys) {
-      out << "key\t" << escaped(key.path) << '\n';
-      for (const Value& value : key.values) {
-        const auto [kind, text] = written(value.value);
-        out << kind << '\t' << escaped(value.name) << '\t' << text << '\n';
-      }
+  std::string text(firstLine);
+  text += '\n';
+  for (const Key& key : keys) {
+    text += "key\t" + escaped(key.path) + "\n";
+    for (const Value& each : key.values) {
+      const auto [kind, field] = written(each.value);
+      text.append(kind).append("\t" + escaped(each.name) + "\t" + field + "\n");
     }
-    out.close();
-    if (!out) error = std::make_error_code(std::errc::io_error);
   }
-  if (!error) std::filesystem::rename(next, file, error);
-  if (!error) return true;
-  std::error_code ignored;
-  std::filesystem::remove(next, ignored);
-  return false;
+  return !replaceFile(file, text);
 }
 
 RegistryFile::Key* RegistryFile::find(std::string_view path) {

@@ -22,7 +22,7 @@ struct RegistryFile {
   };
   std::vector<Key> keys;
 
-  // Failure 75 for a file that is none, naming it and the line.
+  // Failure 75 for a file that can't be read, or is none, naming it and the line.
   static RegistryFile read(const std::filesystem::path& file);
   // False when it can't be written; the old file is then as it was.
   bool write(const std::filesystem::path& file) const;
