@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "Component.h"
+#include "ConnectionString.h"
 #include "Conversions.h"
 #include "SqliteProvider.h"
 
@@ -10,9 +11,8 @@ namespace tarnel::host {
 namespace {
 
 std::string connectionString(const std::filesystem::path& database) {
-  std::string path;
-  for (const char c : std::filesystem::absolute(database).string()) path += c == '"' ? "\"\"" : std::string(1, c);
-  return "Provider=Tarnel.Database;Data Source=\"" + path + "\";";
+  return "Provider=Tarnel.Database;Data Source=" + ado::connectionValue(std::filesystem::absolute(database).string()) +
+         ";";
 }
 
 // The text must outlive what is made of it.

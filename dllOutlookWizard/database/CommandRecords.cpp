@@ -18,13 +18,14 @@ bool CommandRecords::GetDataKEY(std::shared_ptr<ado::Recordset>& rst) {
 
 std::int32_t CommandRecords::doCMDExec() {
   return standardHandler<std::int32_t>(module_, "doCMDExec", [&](std::int32_t& result) {
-    if (!command_) {
+    std::optional<ado::Command> once;
+    std::optional<ado::Command>& command = commandLife_ == CommandLife::oneExecution ? once : command_;
+    if (!command) {
       makeSureOfConnection();
-      command_.emplace(platform().database, session().theszConnect);
+      command.emplace(platform().database, session().theszConnect);
     }
-    command_->setCommandText(commandSql_);
-    result = command_->Execute();
-    if (commandLife_ == CommandLife::oneExecution) command_.reset();
+    command->setCommandText(commandSql_);
+    result = command->Execute();
   });
 }
 
@@ -53,10 +54,7 @@ ado::Recordset& CommandRecords::recordset() const {
   return *m_rst;
 }
 
-void CommandRecords::sortBy(const std::string& field) {
-  currentSort_ = field;
-  recordset().setSort(currentSort_);
-}
+void CommandRecords::sortBy(const std::string& field) { recordset().setSort(field); }
 
 void CommandRecords::requery(std::string_view procedure) {
   constexpr std::int32_t options = -1;

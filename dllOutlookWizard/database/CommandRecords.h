@@ -18,7 +18,7 @@ class CommandRecords : public Records {
   // The number of rows that the statement of SetCMDSQL touched; 0 after a failure.
   std::int32_t doCMDExec();
 
-  // Empties the stored sort and the recordset's. The result carries no meaning.
+  // Empties the recordset's sort. The result carries no meaning.
   bool ClearSortRST();
   // Without a criterion: no filter. False when it fails, which is not reported.
   bool CustomFilter(const std::string& crit = {});
@@ -46,8 +46,7 @@ class CommandRecords : public Records {
   OpenOperation getDataKEY_;
   CommandLife commandLife_;
   std::string commandSql_;
-  std::string currentSort_;
-  std::optional<ado::Command> command_;
+  std::optional<ado::Command> command_;  // of CommandLife::object
 };
 
 }  // namespace tarnel

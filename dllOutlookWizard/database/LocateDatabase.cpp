@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "ConnectionString.h"
 #include "Platform.h"
 #include "SettingsFile.h"
 #include "m_OutlookWizard.h"
@@ -32,7 +33,7 @@ bool locate(const std::filesystem::path& folder) {
     if (!settings.exists()) settings.write(defaultPath);
     const std::string path = settings.databasePath();
     if (std::filesystem::is_regular_file(path)) {
-      session().theszConnect = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path + ";";
+      session().theszConnect = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + ado::connectionValue(path) + ";";
       return true;
     }
     tellOfMissingDatabase(path, folder.string());

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "Failure.h"
+#include "ReplaceFile.h"
 
 namespace tarnel {
 namespace {
@@ -36,15 +37,7 @@ void SettingsFile::write(const std::string& databasePath) const {
   for (const std::string_view line : {std::string_view("<Tarnel>"), openingTag, std::string_view(databasePath),
                                       closingTag, std::string_view("</Tarnel>")})
     text.append(line).append(lineEnd);
-
-  // Written beside the old one first, so that a full disk costs nobody the old path.
-  const std::filesystem::path next = path_.string() + ".new";
-  std::ofstream file(next, std::ios::binary);
-  file << text;
-  file.close();
-  std::error_code error;
-  if (file) std::filesystem::rename(next, path_, error);
-  if (!file || error) throw Failure(failure::pathAccess, "Path/File access error: " + path_.string());
+  if (replaceFile(path_, text)) throw Failure(failure::pathAccess, "Path/File access error: " + path_.string());
 }
 
 }  // namespace tarnel

@@ -62,4 +62,11 @@ std::map<std::string, std::string> parseConnectionString(std::string_view text) 
   return parts;
 }
 
+std::string connectionValue(std::string_view value) {
+  if (value == trimmed(value) && value.find_first_of(";'\"") == std::string_view::npos) return std::string(value);
+  std::string quoted = "\"";
+  for (const char c : value) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
+}
+
 }  // namespace tarnel::ado

@@ -11,4 +11,7 @@ namespace tarnel::ado {
 // failure::engine for a text that can't be read.
 std::map<std::string, std::string> parseConnectionString(std::string_view text);
 
+// The value as it stands in such a text: in quotes where it can't be read back without them.
+std::string connectionValue(std::string_view value);
+
 }  // namespace tarnel::ado

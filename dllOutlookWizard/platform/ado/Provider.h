@@ -91,5 +91,7 @@ class Provider {
 
 // Opens through the provider; an empty connection string is failure 3709.
 std::shared_ptr<Session> connect(Provider& provider, std::string_view connectionString);
+// That failure.
+[[noreturn]] void failNotConnected();
 
 }  // namespace tarnel::ado

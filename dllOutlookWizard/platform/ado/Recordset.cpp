@@ -11,7 +11,6 @@
 namespace tarnel::ado {
 
 struct Recordset::Impl {
-  CursorLocation location = CursorLocation::client;
   CursorType type = CursorType::forwardOnly;
   LockType lock = LockType::readOnly;
 
@@ -31,10 +30,7 @@ struct Recordset::Impl {
     if (isOpen) throw Failure(failure::objectOpen, "Operation is not allowed when the object is open.");
   }
   void mustBeConnected() const {
-    if (!session)
-      throw Failure(failure::noConnection,
-                    "The connection cannot be used to perform this operation. It is either closed or invalid in this "
-                    "context.");
+    if (!session) failNotConnected();
   }
   void mustBeUpdatable() const {
     if (lock == LockType::readOnly || rows.result().table.empty())
@@ -95,10 +91,7 @@ void Field::setValue(const Variant& value) {
 Recordset::Recordset() : impl_(std::make_unique<Impl>()) {}
 Recordset::~Recordset() = default;
 
-void Recordset::setCursorLocation(CursorLocation location) {
-  impl_->mustBeClosed();
-  impl_->location = location;
-}
+void Recordset::setCursorLocation(CursorLocation /*location*/) { impl_->mustBeClosed(); }
 
 void Recordset::setCursorType(CursorType type) {
   impl_->mustBeClosed();
@@ -110,7 +103,6 @@ void Recordset::setLockType(LockType type) {
   impl_->lock = type;
 }
 
-CursorLocation Recordset::cursorLocation() const { return impl_->location; }
 CursorType Recordset::cursorType() const { return impl_->type; }
 LockType Recordset::lockType() const { return impl_->lock; }
 
@@ -136,7 +128,6 @@ void Recordset::disconnect() {
 void Recordset::Close() {
   impl_->mustBeOpen();
   auto closed = std::make_unique<Impl>();
-  closed->location = impl_->location;
   closed->type = impl_->type;
   closed->lock = impl_->lock;
   impl_ = std::move(closed);
@@ -190,10 +181,7 @@ Field Recordset::Fields(std::string_view name) {
 }
 
 Field Recordset::Fields(std::size_t index) {
-  if (index >= fieldCount())
-    throw Failure(failure::noSuchItem,
-                  "Item cannot be found in the collection corresponding to the requested name or ordinal: " +
-                      std::to_string(index));
+  if (index >= fieldCount()) failNoSuchItem(std::to_string(index));
   return {*this, index};
 }
 

@@ -44,7 +44,6 @@ class Recordset {
   void setCursorLocation(CursorLocation location);
   void setCursorType(CursorType type);
   void setLockType(LockType type);
-  CursorLocation cursorLocation() const;
   CursorType cursorType() const;
   LockType lockType() const;
 

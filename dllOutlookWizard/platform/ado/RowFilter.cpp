@@ -41,7 +41,7 @@ RowFilter::RowFilter(std::string_view text, const RowStore& rows) {
     if (found == operators.end()) failUnreadable(text);
     const std::size_t column = rows.columnNamed(name.text);
     const Variant value = literalValue(takeValue(tokens, at), failure::invalidArgument);
-    conditions_.push_back({column, found->second, fitted(value, rows.column(column))});
+    conditions_.push_back({column, found->second, comparable(value, rows.column(column))});
     if (at < tokens.size() && (!tokens[at++].isWord("AND") || at == tokens.size())) failUnreadable(text);
   }
 }

@@ -9,6 +9,12 @@
 
 namespace tarnel::ado {
 
+void failNoSuchItem(std::string_view nameOrOrdinal) {
+  throw Failure(failure::noSuchItem,
+                "Item cannot be found in the collection corresponding to the requested name or ordinal: " +
+                    std::string(nameOrOrdinal));
+}
+
 std::size_t RowStore::NameHash::operator()(std::string_view name) const {
   std::size_t hash = name.size();
   // Setting bit 5 makes capital and small letters alike.
@@ -36,10 +42,7 @@ RowStore::RowStore(Result result) : result_(std::move(result)) {
 
 std::size_t RowStore::columnNamed(std::string_view name) const {
   const auto found = names_.find(name);
-  if (found == names_.end())
-    throw Failure(
-        failure::noSuchItem,
-        "Item cannot be found in the collection corresponding to the requested name or ordinal: " + std::string(name));
+  if (found == names_.end()) failNoSuchItem(name);
   return found->second;
 }
 
@@ -78,7 +81,7 @@ std::size_t RowStore::append() {
 std::vector<std::size_t> RowStore::rowsEqual(std::size_t column, const Variant& value) {
   std::vector<std::size_t> rows;
   if (value.isNull()) return rows;
-  const Variant wanted = fitted(value, this->column(column));
+  const Variant wanted = comparable(value, this->column(column));
   const auto [at, isNew] = indexes_.try_emplace(column);
   if (isNew) {
     at->second.reserve(rowCount());

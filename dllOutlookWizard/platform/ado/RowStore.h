@@ -11,6 +11,9 @@
 
 namespace tarnel::ado {
 
+// Failure 3265: there is no such column.
+[[noreturn]] void failNoSuchItem(std::string_view nameOrOrdinal);
+
 // The rows of a recordset in the order of their reading: current values, the originals of what was set, and which rows
 // are pending. Columns and rows are numbered from 0.
 class RowStore {

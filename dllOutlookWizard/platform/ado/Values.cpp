@@ -64,6 +64,15 @@ Variant converted(const Variant& value, Column::Type type) {
   return value;
 }
 
+Variant fittedTo(Column::Type type, const Variant& value, const Column& column) {
+  if (value.isNull()) return value;
+  try {
+    return converted(value, type);
+  } catch (const Failure& failure) {
+    throw Failure(failure.number(), failure.description() + " (column " + column.name + ")");
+  }
+}
+
 }  // namespace
 
 std::weak_ordering compareValues(const Variant& left, const Variant& right) {
@@ -96,13 +105,10 @@ std::size_t hashOf(const Variant& value) {
   }
 }
 
-Variant fitted(const Variant& value, const Column& column) {
-  if (value.isNull()) return value;
-  try {
-    return converted(value, column.type);
-  } catch (const Failure& failure) {
-    throw Failure(failure.number(), failure.description() + " (column " + column.name + ")");
-  }
+Variant fitted(const Variant& value, const Column& column) { return fittedTo(column.type, value, column); }
+
+Variant comparable(const Variant& value, const Column& column) {
+  return fittedTo(column.type == Column::Type::integer ? Column::Type::real : column.type, value, column);
 }
 
 }  // namespace tarnel::ado

@@ -18,4 +18,8 @@ std::size_t hashOf(const Variant& value);
 // Null stays Null. Failures as there, with the column's name.
 Variant fitted(const Variant& value, const Column& column);
 
+// The value to compare with those of a column: the same, but a number keeps the fraction that a column of whole numbers
+// couldn't hold.
+Variant comparable(const Variant& value, const Column& column);
+
 }  // namespace tarnel::ado

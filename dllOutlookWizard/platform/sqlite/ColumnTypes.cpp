@@ -13,10 +13,13 @@ namespace {
 
 using Type = ado::Column::Type;
 
+// A number that can be no date's stays a number.
+Variant readDate(double number) { return Date::canBe(number) ? Variant(Date{number}) : Variant(number); }
+
 Variant readInteger(std::int64_t value, Type type) {
   if (type == Type::boolean) return value != 0;
   const auto number = static_cast<double>(value);
-  if (type == Type::dateTime) return Date{number};
+  if (type == Type::dateTime) return readDate(number);
   if (type == Type::real || value < std::numeric_limits<std::int32_t>::min() ||
       value > std::numeric_limits<std::int32_t>::max())
     return number;
@@ -37,7 +40,7 @@ Variant readText(std::string_view text, Type type) {
 }  // namespace
 
 Type typeDeclaredAs(std::string_view declaration) {
-  // In this order: "DATETIME" before "TIME" would not matter, but "INT" stands inside other words.
+  // The first of these that stands in the declaration counts.
   static constexpr std::array<std::pair<std::string_view, Type>, 18> kinds{{{"DATE", Type::dateTime},
                                                                             {"TIME", Type::dateTime},
                                                                             {"BOOL", Type::boolean},
@@ -68,7 +71,7 @@ Variant readValue(sqlite3_stmt* row, int column, Type type) {
       return readInteger(sqlite3_column_int64(row, column), type);
     case SQLITE_FLOAT: {
       const double number = sqlite3_column_double(row, column);
-      return type == Type::dateTime ? Variant(Date{number}) : Variant(number);
+      return type == Type::dateTime ? readDate(number) : Variant(number);
     }
     case SQLITE_TEXT:
       return readText(textAt(row, column), type);

@@ -9,6 +9,13 @@ namespace {
 
 constexpr int busyMilliseconds = 5000;
 
+std::string fileNameOf(sqlite3* database) {
+  const char* name = sqlite3_db_filename(database, "main");
+  return name ? name : "";
+}
+
+}  // namespace
+
 std::string adviceFor(int code) {
   switch (code & 0xff) {
     case SQLITE_BUSY:
@@ -29,13 +36,6 @@ std::string adviceFor(int code) {
       return {};
   }
 }
-
-std::string fileNameOf(sqlite3* database) {
-  const char* name = sqlite3_db_filename(database, "main");
-  return name ? name : "";
-}
-
-}  // namespace
 
 void failOf(sqlite3* database, std::int32_t number) {
   const int code = sqlite3_extended_errcode(database);

@@ -49,4 +49,7 @@ class Transaction {
 // failure's number when the complaint has none of its own.
 [[noreturn]] void failOf(sqlite3* database, std::int32_t number);
 
+// What a user can do about the engine's result code, behind a blank; empty where that isn't known.
+std::string adviceFor(int code);
+
 }  // namespace tarnel::sqlite

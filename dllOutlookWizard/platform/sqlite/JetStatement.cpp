@@ -5,6 +5,7 @@
 
 #include "Conversions.h"
 #include "Failure.h"
+#include "SqlText.h"
 
 namespace tarnel::sqlite {
 namespace {
@@ -23,18 +24,12 @@ bool isNoText(const Token& token) {
          token.isWord("TRUE") || token.isWord("FALSE") || token.isWord("NULL");
 }
 
-std::string quotedText(const std::string& text) {
-  std::string quoted = "'";
-  for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
-  return quoted + "'";
-}
-
 std::string translated(const Token& token) {
   switch (token.kind) {
     case TokenKind::text:
-      return quotedText(token.text);
+      return sqlText(token.text);
     case TokenKind::date:
-      return quotedText(isoText(toDate(ado::literalValue(token, failure::badStatement))));
+      return sqlText(isoText(toDate(ado::literalValue(token, failure::badStatement))));
     case TokenKind::quotedName:
       return "[" + token.text + "]";
     default:

@@ -18,9 +18,8 @@ std::shared_ptr<ado::Session> SqliteProvider::open(std::string_view connectionSt
   std::error_code error;
   const std::filesystem::path path = std::filesystem::weakly_canonical(source->second, error);
   if (error) throw Failure(failure::engine, "The database \"" + source->second + "\": " + error.message() + ".");
-  // A file that was removed while its session lived is not the one that stands there now.
-  std::weak_ptr<ado::Session>& known = sessions_[path.string()];
-  if (auto session = known.lock(); session && std::filesystem::exists(path)) return session;
+  std::weak_ptr<SqliteSession>& known = sessions_[path.string()];
+  if (auto session = known.lock(); session && session->isInReach()) return session;
   auto session = std::make_shared<SqliteSession>(path);
   known = session;
   return session;

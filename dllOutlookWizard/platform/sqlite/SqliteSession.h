@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "Database.h"
+#include "FileIdentity.h"
 #include "JetStatement.h"
 #include "Provider.h"
 #include "Statement.h"
@@ -10,10 +11,14 @@
 namespace tarnel::sqlite {
 
 // A session on one database file. Reading leaves the file as it is; the first write turns on its write-ahead log.
+// A write fails once the path leads to another file, or to none.
 class SqliteSession : public ado::Session {
  public:
   // Opens an existing database and never creates one. Failures as checkDatabaseFile's.
   explicit SqliteSession(const std::filesystem::path& path);
+
+  // Whether the path still leads to the file that was opened.
+  bool isInReach() const { return FileIdentity::of(path_) == identity_; }
 
   ado::Result query(std::string_view statement) override;
   std::int32_t execute(std::string_view statement) override;
@@ -24,6 +29,8 @@ class SqliteSession : public ado::Session {
  private:
   void prepareToWrite();
 
+  std::filesystem::path path_;
+  FileIdentity identity_;
   Database database_;
   bool logIsOn_ = false;
 };
