@@ -23,7 +23,4 @@ struct EntryId {
   static std::optional<EntryId> parse(std::string_view text);
 };
 
-// Bytes as upper-case hexadecimal text.
-std::string hexText(const Bytes& bytes);
-
 }  // namespace tarnel::mailbox

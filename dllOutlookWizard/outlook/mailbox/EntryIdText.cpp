@@ -1,6 +1,6 @@
 #include "EntryIdText.h"
 
-#include "EntryId.h"
+#include "Conversions.h"
 #include "Failure.h"
 
 namespace tarnel::mailbox {

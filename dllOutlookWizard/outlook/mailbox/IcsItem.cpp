@@ -200,24 +200,19 @@ class ItemReader {
       recurrence += "RRULE:" + *rule + "\n";
       return;
     }
+    const IcsSeries series{start_->wall, start_->isDate, item_.tzid, times_.zone(item_.tzid)};
     std::string_view values = property.value;
     while (!values.empty()) {
       const std::size_t end = std::min(values.find(','), values.size());
       // A period gives its start, behind which comes its end.
       const std::string_view value = values.substr(0, std::min(values.substr(0, end).find('/'), end));
-      const WallSeconds moment = momentInSeries(times_.read(property, value));
+      const WallSeconds moment = times_.inSeries(series, times_.read(property, value));
       values.remove_prefix(std::min(end + 1, values.size()));
       if (property.name == "EXDATE")
         item_.deleted.push_back(moment);
       else
         recurrence += "RDATE:" + icalText(moment, start_->isDate) + "\n";
     }
-  }
-
-  // A bare date in a timed series means that day's occurrence.
-  WallSeconds momentInSeries(const IcsTime& time) const {
-    if (time.isDate && !start_->isDate) return time.wall + start_->wall - midnightOf(start_->wall);
-    return start_->isDate ? midnightOf(time.wall) : times_.in(item_.tzid, time);
   }
 
   const IcsComponent& component_;

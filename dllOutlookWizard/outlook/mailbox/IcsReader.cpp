@@ -1,6 +1,7 @@
 #include "IcsReader.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -75,22 +76,19 @@ class Import {
   // Ties an exception to its series. True when nothing is left to store.
   bool attach(IcsItem& item) {
     StoreStatement rows = store_.prepare(
-        "SELECT i.id, i.zone, i.folder FROM items i WHERE i.uid = ? AND i.original IS NULL AND i.recurrence <> ''");
+        "SELECT i.id, i.folder, i.seriesStart, i.allDay, z.tzid, i.zone FROM items i "
+        "LEFT JOIN zones z ON z.id = i.zone WHERE i.uid = ? AND i.original IS NULL AND i.recurrence <> ''");
     if (!rows.bind(item.record.uid).step()) return false;
     std::optional<std::int64_t> zone;
-    if (!rows.isNull(1)) zone = rows.number(1);
+    if (!rows.isNull(5)) zone = rows.number(5);
+    const IcsSeries series{rows.number(2), rows.flag(3), rows.text(4), mailbox_.zones.at(zone)};
     item.record.series = rows.number(0);
-    item.record.original = inZone(*item.recurrenceId, zone);
-    item.record.folder = rows.number(2);
+    item.record.folder = rows.number(1);
+    item.record.original = times_.inSeries(series, *item.recurrenceId);
     const bool erased = isErasedOccurrence(store_, *item.record.series, *item.record.original);
     if (item.cancelled && !erased) eraseOccurrence(store_, *item.record.series, *item.record.original);
     if (item.cancelled || erased) ++(erased ? report_.unchanged : report_.updated);
     return item.cancelled || erased;
-  }
-
-  WallSeconds inZone(const IcsTime& time, std::optional<std::int64_t> zone) {
-    if (time.isDate) return time.wall;
-    return mailbox_.zones.at(zone).wallOf(times_.zone(time.tzid).unixSecondsOf(time.wall));
   }
 
   // Exceptions that came before their series did.
@@ -102,11 +100,11 @@ class Import {
       rows.bind(item.record.uid);
       while (rows.step()) orphans.emplace_back(rows.number(0), rows.number(1));
     }
-    const Zone& zone = mailbox_.zones.at(item.record.zone);
+    const IcsSeries series{item.record.seriesStart, item.record.allDay, item.tzid, mailbox_.zones.at(item.record.zone)};
     for (const auto& [id, original] : orphans)
       store_.prepare("UPDATE OR IGNORE items SET series = ?, original = ? WHERE id = ?")
           .bind(item.record.id)
-          .bind(zone.fromMachine(original))
+          .bind(times_.inSeries(series, {original, false, {}}))
           .bind(id)
           .run();
   }
@@ -144,7 +142,8 @@ class Import {
 
   void update(const ItemRecord& before, ItemRecord& item) {
     item.modified = now_;
-    updateItem(store_, before, item);
+    [[maybe_unused]] const bool isThere = updateItem(store_, before, item);
+    assert(isThere);  // it was read in the same transaction
   }
 
   bool storeProperties(const IcsItem& item) {

@@ -64,12 +64,14 @@ IcsTime IcsTimes::read(const IcsProperty& property, std::string_view value) cons
 
 WallSeconds IcsTimes::inMachine(const IcsTime& time) const {
   // What was entered in the machine's own zone stays as it was entered, also where a clock change skips it.
-  return time.isDate || time.tzid == machineZone_ ? time.wall : zone(time.tzid).toMachine(time.wall);
+  return time.isDate || isMachines(time.tzid) ? time.wall : zone(time.tzid).toMachine(time.wall);
 }
 
-WallSeconds IcsTimes::in(const std::string& tzid, const IcsTime& time) const {
-  if (time.isDate || time.tzid == tzid) return time.wall;
-  return zone(tzid).wallOf(zone(time.tzid).unixSecondsOf(time.wall));
+WallSeconds IcsTimes::inSeries(const IcsSeries& series, const IcsTime& time) const {
+  if (series.allDay) return midnightOf(time.wall);
+  if (time.isDate) return time.wall + series.start - midnightOf(series.start);
+  if (time.tzid == series.tzid || (isMachines(time.tzid) && isMachines(series.tzid))) return time.wall;
+  return series.zone.wallOf(zone(time.tzid).unixSecondsOf(time.wall));
 }
 
 WallSeconds readDuration(const IcsProperty& property) {

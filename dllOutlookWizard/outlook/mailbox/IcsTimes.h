@@ -22,6 +22,14 @@ struct IcsTime {
   std::string tzid;  // empty: the machine's zone; "UTC"
 };
 
+// What tells which moment of a series a file means: how the series starts, in its own zone.
+struct IcsSeries {
+  WallSeconds start = 0;
+  bool allDay = false;
+  std::string tzid;  // empty: the machine's zone
+  const Zone& zone;
+};
+
 // Reads moments, and knows the zones that a calendar file defines.
 class IcsTimes {
  public:
@@ -37,10 +45,13 @@ class IcsTimes {
 
   // Wall time of the machine; a date stays that date.
   WallSeconds inMachine(const IcsTime& time) const;
-  // Wall time of another zone.
-  WallSeconds in(const std::string& tzid, const IcsTime& time) const;
+  // Wall time of the series' zone. A bare date means that day's occurrence; any moment of a day, in a series of whole
+  // days, that day.
+  WallSeconds inSeries(const IcsSeries& series, const IcsTime& time) const;
 
  private:
+  bool isMachines(const std::string& tzid) const { return tzid.empty() || tzid == machineZone_; }
+
   std::map<std::string, std::string> definitions_;
   mutable std::map<std::string, Zone> zones_;
   std::optional<std::string> machineZone_;

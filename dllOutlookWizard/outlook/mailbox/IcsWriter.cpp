@@ -1,18 +1,15 @@
 #include "IcsWriter.h"
 
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <map>
 #include <vector>
 
+#include "Conversions.h"
 #include "Failure.h"
 #include "IcsItem.h"
 #include "IcsLines.h"
 #include "IcsOutput.h"
 #include "Recurrence.h"
+#include "ReplaceFile.h"
 
 namespace tarnel::mailbox {
 namespace {
@@ -22,6 +19,18 @@ struct SeriesZone {
   std::string tzid;
   Zone zone;
 };
+
+// A zone of the tz database has no definition of its own.
+struct StoredZone {
+  std::string tzid;
+  std::string definition;
+  friend bool operator==(const StoredZone&, const StoredZone&) = default;
+};
+
+bool isTzid(std::string_view line) {
+  const std::string_view name = line.substr(0, line.find_first_of(":;"));
+  return equalsIgnoringCase(name, "TZID");
+}
 
 // Says what operator+ says, in a way that doesn't lead the compiler to warn of overlaps that can't be.
 std::string joined(std::string_view head, std::string_view tail) { return std::string(head).append(tail); }
@@ -36,8 +45,11 @@ class Export {
     calendar.line("VERSION:2.0");
     calendar.line("PRODID:-//Tarnel//Mailbox//EN");
     store_.read([&] { writeItems(); });
-    for (const auto& [tzid, definition] : definitions_)
-      for (const IcsLine& line : unfolded(definition)) calendar.line(line.text);
+    for (const auto& [name, zone] : zones_) {
+      const std::string definition = zone.definition.empty() ? zoneDefinition(zone.tzid) : zone.definition;
+      for (const IcsLine& line : unfolded(definition))
+        calendar.line(name != zone.tzid && isTzid(line.text) ? joined("TZID:", name) : line.text);
+    }
     return calendar.result() + items_.result() + "END:VCALENDAR\r\n";
   }
 
@@ -160,25 +172,32 @@ class Export {
 
   // Notes the zone's definition for the head of the file.
   SeriesZone zoneOf(std::optional<std::int64_t> id) {
-    std::string tzid = machine::zoneName().value_or(""), definition;
+    StoredZone zone{machine::zoneName().value_or(""), {}};
     if (id) {
       StoreStatement rows = store_.prepare("SELECT tzid, definition FROM zones WHERE id = ?");
       if (rows.bind(*id).step()) {
-        tzid = rows.text(0);
-        definition = rows.text(1);
+        zone.tzid = rows.text(0);
+        zone.definition = rows.text(1);
       }
     }
-    if (!tzid.empty() && tzid != "UTC") {
-      const std::string& known = definitions_.try_emplace(tzid, definition).first->second;
-      if (known.empty()) definitions_[tzid] = zoneDefinition(tzid);
+    const bool isDefined = !zone.tzid.empty() && zone.tzid != "UTC";
+    return {isDefined ? nameOf(zone) : zone.tzid, mailbox_.zones.at(id)};
+  }
+
+  // Two calendars may have given different zones one name.
+  const std::string& nameOf(const StoredZone& zone) {
+    std::string name = zone.tzid;
+    for (int number = 2;; ++number) {
+      const auto known = zones_.try_emplace(name, zone).first;
+      if (known->second == zone) return known->first;
+      name = zone.tzid + " (" + std::to_string(number) + ")";
     }
-    return {tzid, mailbox_.zones.at(id)};
   }
 
   Mailbox& mailbox_;
   Store& store_;
   IcsOutput items_;
-  std::map<std::string, std::string> definitions_;
+  std::map<std::string, StoredZone> zones_;  // by their names in the file
   int count_ = 0;
 };
 
@@ -188,18 +207,11 @@ std::string exportIcsText(Mailbox& mailbox) { return Export(mailbox).run(); }
 
 int exportIcs(Mailbox& mailbox, const std::filesystem::path& file) {
   Export all(mailbox);
-  const std::string text = all.run();
-  const std::filesystem::path half = file.string() + ".part";
-  std::ofstream stream(half, std::ios::binary | std::ios::trunc);
-  stream << text;
-  stream.close();
-  if (!stream || rename(half.c_str(), file.c_str()) != 0) {
-    const std::string reason = std::strerror(errno);
-    unlink(half.c_str());
-    throw Failure(failure::automation,
-                  "The calendar file \"" + file.string() + "\" can't be written (" + reason + "). Name another one.",
-                  "Tarnel.Mailbox");
-  }
+  if (const std::error_code error = replaceFile(file, all.run()))
+    throw Failure(
+        failure::automation,
+        "The calendar file \"" + file.string() + "\" can't be written (" + error.message() + "). Name another one.",
+        "Tarnel.Mailbox");
   return all.count();
 }
 

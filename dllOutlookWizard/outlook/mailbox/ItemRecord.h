@@ -57,7 +57,7 @@ struct ItemRecord {
   std::optional<std::string> extras;
 
   friend bool operator==(const ItemRecord&, const ItemRecord&) = default;
-  bool isRecurring() const { return series.has_value() || !recurrence.empty(); }
+  [[nodiscard]] bool isRecurring() const { return series.has_value() || !recurrence.empty(); }
 };
 
 // The select list, for a table named `i`, that readItem reads.
@@ -73,13 +73,13 @@ void readTexts(Store& store, ItemRecord& item);
 // Each inside a transaction of the caller's. insertItem gives the record its id and, where it has none, a uid.
 void insertItem(Store& store, ItemRecord& item);
 // Writes the columns that differ from `before` and no others. False when the item isn't in the store any more.
-bool updateItem(Store& store, const ItemRecord& before, const ItemRecord& item);
+[[nodiscard]] bool updateItem(Store& store, const ItemRecord& before, const ItemRecord& item);
 // With the exceptions of a series. False when the item isn't in the store any more.
-bool moveItemRow(Store& store, std::int64_t id, std::int64_t folder);
-bool eraseItemRow(Store& store, std::int64_t id);
+[[nodiscard]] bool moveItemRow(Store& store, std::int64_t id, std::int64_t folder);
+[[nodiscard]] bool eraseItemRow(Store& store, std::int64_t id);
 // Takes one occurrence out of its series, with its exception if it has one.
 void eraseOccurrence(Store& store, std::int64_t series, WallSeconds original);
-bool isErasedOccurrence(Store& store, std::int64_t series, WallSeconds original);
+[[nodiscard]] bool isErasedOccurrence(Store& store, std::int64_t series, WallSeconds original);
 
 EntryId entryIdOf(const Store& store, const ItemRecord& item);
 

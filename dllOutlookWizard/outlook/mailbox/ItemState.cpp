@@ -102,7 +102,7 @@ void ItemState::writeOccurrence(ItemRecord& next) {
   // Someone else may have made the exception since this occurrence was read.
   if (const auto exception = findException(store, *record_.series, *record_.original)) {
     next.id = exception->id;
-    updateItem(store, *before_, next);
+    if (!updateItem(store, *before_, next)) failGone("saved");
     return;
   }
   readTexts(store, *series);
@@ -119,12 +119,10 @@ void ItemState::erase() {
   store.write([&] {
     const auto stored = findItem(store, sourceId());
     if (!stored) failGone("deleted");
-    if (record_.series)
-      eraseOccurrence(store, *record_.series, *record_.original);
-    else if (stored->folder == schema::deletedItems)
-      eraseItemRow(store, record_.id);
-    else
-      moveItemRow(store, record_.id, folder);
+    if (record_.series) return eraseOccurrence(store, *record_.series, *record_.original);
+    const bool isDone = stored->folder == schema::deletedItems ? eraseItemRow(store, record_.id)
+                                                               : moveItemRow(store, record_.id, folder);
+    if (!isDone) failGone("deleted");
   });
   record_.folder = folder;
   erased_ = true;

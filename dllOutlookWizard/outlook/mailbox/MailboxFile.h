@@ -1,11 +1,13 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <string>
 
+#include "FileIdentity.h"
+
 namespace tarnel::mailbox {
+
+using sqlite::FileIdentity;
 
 // Makes an empty mailbox, whole or not at all. Failure when something of that name exists already (it is left as it
 // is), or when the folder is missing or can't be written.
@@ -18,16 +20,6 @@ void makeSureOfMailbox(const std::filesystem::path& path);
 // of a newer version; the text names the file and says what to do.
 void inspectMailbox(const std::filesystem::path& path);
 
-// Which file a path led to, to notice when it leads to another one or to none.
-struct FileIdentity {
-  dev_t device = 0;
-  ino_t inode = 0;
-
-  // All zero when there is no file.
-  static FileIdentity of(const std::filesystem::path& path);
-  friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
-};
-
 std::filesystem::path folderOf(const std::filesystem::path& path);
 // Failure when the path no longer leads to the file that was opened, or when the file or its folder takes no writes.
 void requireWritable(const std::filesystem::path& path, const std::filesystem::path& folder,
@@ -36,6 +28,7 @@ void requireWritable(const std::filesystem::path& path, const std::filesystem::p
 
 // Failure 440 about a mailbox: what went wrong and what to do.
 [[noreturn]] void failMailbox(const std::filesystem::path& path, const std::string& problem, const std::string& advice);
+[[noreturn]] void failDisk(const std::filesystem::path& path, const std::string& told);
 [[noreturn]] void failNewerVersion(const std::filesystem::path& path, std::int64_t version);
 
 }  // namespace tarnel::mailbox

@@ -72,7 +72,9 @@ void moveItem(Mailbox& mailbox, std::string_view entryId, std::string_view folde
   };
   if (item.series) fail("it is one occurrence of a series. Move the series, or delete the occurrence.");
   if (target != home && target != schema::deletedItems) fail("that folder holds items of another kind.");
-  mailbox.store.write([&] { moveItemRow(mailbox.store, item.id, target); });
+  mailbox.store.write([&] {
+    if (!moveItemRow(mailbox.store, item.id, target)) fail("it was deleted meanwhile. List the mailbox again.");
+  });
 }
 
 }  // namespace tarnel::mailbox

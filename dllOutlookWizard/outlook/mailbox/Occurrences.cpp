@@ -12,8 +12,6 @@ namespace {
 constexpr WallSeconds openSide = 366 * secondsPerDay;
 // Wall times of two zones lie at most 26 hours apart.
 constexpr WallSeconds zoneSlack = 26 * 3600;
-constexpr std::int64_t everyWeekday = 0x7F;
-constexpr std::int64_t everyMonthDay = 0xFFFFFFFE;
 
 std::int64_t nextWeekdays(std::int64_t days) { return (days << 1 | days >> 6) & everyWeekday; }
 std::int64_t previousWeekdays(std::int64_t days) { return (days >> 1 | days << 6) & everyWeekday; }

@@ -72,7 +72,7 @@ bool PlainRule::read(std::string_view name, std::string_view value) {
 std::int64_t PlainRule::weekdays() const {
   if (days_ != 0) return days_;
   if (weekly_ || interval_ % 7 == 0) return 1 << weekdayOf(start_ / secondsPerDay);
-  return 0x7F;
+  return everyWeekday;
 }
 
 std::int64_t PlainRule::weekOf(std::int64_t day) const { return (day - (weekdayOf(day) - weekStart_ + 7) % 7) / 7; }

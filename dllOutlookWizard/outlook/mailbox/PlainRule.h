@@ -36,6 +36,10 @@ class PlainRule {
   std::optional<WallSeconds> until_;
 };
 
+// Masks of days: bits 0 (Sunday) to 6 of a week, bits 1 to 31 of a month.
+inline constexpr std::int64_t everyWeekday = 0x7F;
+inline constexpr std::int64_t everyMonthDay = 0xFFFFFFFE;
+
 // Of a day number: 0 (Sunday) to 6.
 inline std::int64_t weekdayOf(std::int64_t day) { return ((day + 6) % 7 + 7) % 7; }
 

@@ -12,9 +12,7 @@ namespace {
 
 constexpr std::string_view rulePrefix = "RRULE:";
 constexpr std::string_view extraPrefix = "RDATE:";
-constexpr std::int64_t everyWeekday = 0x7F;
-constexpr std::int64_t everyMonthDay = 0xFFFFFFFE;
-// A COUNT beyond this is as good as endless; it bounds the walk that looks for its end.
+// A COUNT beyond this is refused: its end would be looked for too long.
 constexpr int mostOccurrences = 100000;
 
 template <class Take>
@@ -24,6 +22,13 @@ void eachLine(std::string_view rules, std::string_view prefix, Take take) {
     if (rules.starts_with(prefix)) take(rules.substr(prefix.size(), end - prefix.size()));
     rules.remove_prefix(std::min(end + 1, rules.size()));
   }
+}
+
+// The moments beside those of rules. A series without a rule has its start as one, which a rule would give.
+template <class Take>
+void eachExtra(std::string_view rules, WallSeconds start, Take take) {
+  if (rules.find(rulePrefix) == std::string_view::npos) take(start);
+  eachLine(rules, extraPrefix, [&](std::string_view text) { take(wallSecondsOfText(text)); });
 }
 
 icalrecurrencetype parseRule(std::string_view rule) {
@@ -119,8 +124,7 @@ std::vector<WallSeconds> Recurrence::starts(WallSeconds from, WallSeconds to) co
     severalLines = severalLines || !found.empty();
     appendRuleStarts(rule, start_, allDay_, from, to, found);
   });
-  eachLine(rules_, extraPrefix, [&](std::string_view text) {
-    const WallSeconds at = wallSecondsOfText(text);
+  eachExtra(rules_, start_, [&](WallSeconds at) {
     severalLines = true;
     if (at >= from && at <= to) found.push_back(at);
   });
@@ -141,23 +145,21 @@ std::optional<WallSeconds> Recurrence::lastStart() const {
     else
       last = std::max(*last, wallSecondsOf(parsed.until));
   });
-  eachLine(rules_, extraPrefix, [&](std::string_view text) { last = std::max(*last, wallSecondsOfText(text)); });
+  eachExtra(rules_, start_, [&](WallSeconds at) { last = std::max(*last, at); });
   return endless ? std::nullopt : last;
 }
 
 std::int64_t Recurrence::weekdays() const {
   std::int64_t days = 0;
   eachLine(rules_, rulePrefix, [&](std::string_view rule) { days |= weekdaysOf(parseRule(rule), start_); });
-  eachLine(rules_, extraPrefix,
-           [&](std::string_view text) { days |= 1 << weekdayOf(wallSecondsOfText(text) / secondsPerDay); });
+  eachExtra(rules_, start_, [&](WallSeconds at) { days |= 1 << weekdayOf(at / secondsPerDay); });
   return days;
 }
 
 std::int64_t Recurrence::monthDays() const {
   std::int64_t days = 0;
   eachLine(rules_, rulePrefix, [&](std::string_view rule) { days |= monthDaysOf(parseRule(rule), start_); });
-  eachLine(rules_, extraPrefix,
-           [&](std::string_view text) { days |= std::int64_t{1} << icalTimeOf(wallSecondsOfText(text)).day; });
+  eachExtra(rules_, start_, [&](WallSeconds at) { days |= std::int64_t{1} << icalTimeOf(at).day; });
   return days;
 }
 

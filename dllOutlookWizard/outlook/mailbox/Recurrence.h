@@ -13,7 +13,8 @@ namespace tarnel::mailbox {
 class Zone;
 
 // When a series takes place: the moments that its rules give, in its own zone. Rules are lines: "RRULE:" with a rule
-// as normalizedRule gives it, "RDATE:" with one further moment in the form 20261119T083000.
+// as normalizedRule gives it, "RDATE:" with one further moment in the form 20261119T083000. Without a rule the start is
+// an occurrence as well.
 class Recurrence {
  public:
   // `start` is the first occurrence, at or behind 1899-12-30. An all-day series counts in whole days. The text must
@@ -38,7 +39,7 @@ class Recurrence {
 
 // A rule of RFC 5545 as a series keeps it: COUNT is turned into the UNTIL that it leads to, which lets a walk begin
 // anywhere, and UNTIL is wall time of the series' zone. None for a text that is no rule, a rule that never takes place
-// or takes place more often than hourly.
+// or takes place more often than hourly, or a COUNT above 100000.
 std::optional<std::string> normalizedRule(const std::string& rule, WallSeconds start, bool allDay, const Zone& zone);
 
 // The other way round, for a calendar file: UNTIL in UTC, or, with `untilIsLocal`, as the series keeps it.

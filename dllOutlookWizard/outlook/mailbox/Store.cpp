@@ -138,7 +138,7 @@ void Store::fail(int result) const {
       failMailbox(path_, "it can't be written (" + told + ")", "Make the file and its folder writable.");
     case SQLITE_FULL:
     case SQLITE_IOERR:
-      failMailbox(path_, "the disk refuses (" + told + ")", "Make room on the disk, or check it.");
+      failDisk(path_, told);
     default:
       // A table or a column that the layout promises isn't there.
       failMailbox(path_, "its contents are not those of a mailbox (" + told + ")", "Restore it from a copy.");

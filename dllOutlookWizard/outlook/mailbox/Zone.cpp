@@ -108,8 +108,6 @@ WallSeconds Zone::wallOf(std::int64_t unixSeconds) const {
 
 WallSeconds Zone::toMachine(WallSeconds wall) const { return zone_ ? machine::wallOf(unixSecondsOf(wall)) : wall; }
 
-WallSeconds Zone::fromMachine(WallSeconds wall) const { return zone_ ? wallOf(machine::unixSecondsOf(wall)) : wall; }
-
 std::string zoneDefinition(const std::string& tzid) {
   icaltimezone* zone = icaltimezone_get_builtin_timezone(tzid.c_str());
   icalcomponent* known = zone ? icaltimezone_get_component(zone) : nullptr;

@@ -28,14 +28,13 @@ class Zone {
   // The machine's own.
   Zone() = default;
   static Zone utc();
-  // From the text of a VTIMEZONE, or, where that is empty, from the tz database by its name. None when neither gives
-  // a zone.
+  // From the text of a VTIMEZONE, or, where that is empty or no zone, from the tz database by its name. None when
+  // neither gives one.
   static std::optional<Zone> of(const std::string& tzid, const std::string& definition);
 
   bool isMachine() const { return !zone_; }
-  // From this zone's wall time to the machine's, and back.
+  // From this zone's wall time to the machine's.
   WallSeconds toMachine(WallSeconds wall) const;
-  WallSeconds fromMachine(WallSeconds wall) const;
   std::int64_t unixSecondsOf(WallSeconds wall) const;
   WallSeconds wallOf(std::int64_t unixSeconds) const;
 
