@@ -51,7 +51,6 @@ Composition::~Composition() {
 }
 
 const Clock& Composition::clock() const { return parts_->clock; }
-Registry& Composition::registry() { return parts_->registry; }
 ado::Provider& Composition::database() { return parts_->database; }
 
 void Composition::install(Desktop& desktop, TarnelErrReport& errorReport, TarnelUtilities& utilities,

@@ -32,7 +32,6 @@ class Composition {
   Composition& operator=(const Composition&) = delete;
 
   const Clock& clock() const;
-  Registry& registry();
   ado::Provider& database();
 
   // Makes the parts and these ones, which the caller owns, this thread's platform. Help pages and settings file lie in

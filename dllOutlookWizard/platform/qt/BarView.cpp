@@ -7,7 +7,6 @@
 
 #include "BarButton.h"
 #include "Colors.h"
-#include "DropDown.h"
 #include "QtText.h"
 
 namespace tarnel::qt {
@@ -17,7 +16,6 @@ constexpr int placeGap = 2;
 constexpr int edge = 3;
 constexpr int separatorWidth = 5;
 constexpr int overflowWidth = 24;
-constexpr int dropDownWidth = 130;
 constexpr int tallestButton = 26;
 
 constexpr int mostPixelsOff = 2;  // of the font's size, before a caption goes into the menu
@@ -51,6 +49,7 @@ void BarView::build() {
   places_.clear();
   for (SmartItem& item : control().Items())
     if (QWidget* widget = makeWidget(item)) places_.push_back({&item, widget});
+  overflow_->raise();  // the last for the Tab key, too
   arrange();
 }
 
@@ -66,8 +65,6 @@ QWidget* BarView::makeWidget(SmartItem& item) {
     case ItemType::group:
     case ItemType::note:
       return makeLabel(item);
-    case ItemType::dropDown:
-      return new DropDown(control(), item, site(), this);
     case ItemType::separator:
       return new QWidget(this);
     default:
@@ -86,7 +83,6 @@ void BarView::show(SmartItem& item) {
   for (const Place& place : places_) {
     if (place.item != &item) continue;
     if (auto* button = dynamic_cast<BarButton*>(place.widget)) button->showState();
-    if (auto* dropDown = dynamic_cast<DropDown*>(place.widget)) dropDown->showState();
     if (auto* label = dynamic_cast<QLabel*>(place.widget)) label->setText(text(item.Caption()));
   }
   arrange();
@@ -105,7 +101,6 @@ int BarView::widthOf(const Place& place, int padding) const {
   if (!place.item->Visible() || (separates && dividesNothing(place))) return 0;
   if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + placeGap;
   if (separates) return separatorWidth + placeGap;
-  if (place.item->Type() == ItemType::dropDown) return dropDownWidth + placeGap;
   return place.widget->sizeHint().width() + placeGap;
 }
 

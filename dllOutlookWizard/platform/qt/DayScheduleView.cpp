@@ -121,9 +121,10 @@ void DayScheduleView::showEvent(QShowEvent* event) {
 
 void DayScheduleView::select(std::int16_t index) {
   current_ = index;
-  setAccessibleDescription(describe(index));
-  viewport()->update();
   site_.act([this, index] { control_.select(index); });
+  // What was selected may have left the schedule.
+  if (index <= control_.AppCount()) setAccessibleDescription(describe(index));
+  viewport()->update();
 }
 
 void DayScheduleView::mousePressEvent(QMouseEvent* event) {

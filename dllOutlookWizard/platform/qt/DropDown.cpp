@@ -24,6 +24,7 @@ constexpr int besideText = 48;    // check mark, margins and scroll bar
 // The list below the box with a scroll bar: one that covers the box and creeps by arrows can't hold thousands.
 class ListPopupStyle : public QProxyStyle {
  public:
+  ListPopupStyle() : QProxyStyle(QApplication::style()->name()) {}
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override {
     return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);

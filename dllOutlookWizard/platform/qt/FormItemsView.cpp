@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "BarButton.h"
 #include "Conversions.h"
 #include "DropDown.h"
 #include "OptionButton.h"
@@ -122,21 +121,10 @@ QWidget* FormItemsView::makeWidget(SmartItem& item, QWidget& page) {
       return makeHeading(text(item.Caption()), page);
     case ItemType::note:
       return makeNote(item, page);
-    case ItemType::option:
-    case ItemType::checkBox:
-    case ItemType::checkRow: {
+    case ItemType::option: {
       auto* option = new OptionButton(control(), item, site(), &page);
       option->setContentsMargins(indent, 0, 0, 0);
       return option;
-    }
-    case ItemType::button:
-    case ItemType::menu:
-    case ItemType::toggleButton:
-      return new BarButton(control(), item, site(), &page);
-    case ItemType::separator: {
-      auto* line = new QFrame(&page);
-      line->setFrameShape(QFrame::HLine);
-      return line;
     }
     default:
       return nullptr;
@@ -151,7 +139,6 @@ void FormItemsView::show(SmartItem& item) {
   if (row->caption) row->caption->setText(text(item.Caption()).trimmed());
   if (auto* dropDown = dynamic_cast<DropDown*>(row->widget)) dropDown->showState();
   if (auto* option = dynamic_cast<OptionButton*>(row->widget)) option->showState();
-  if (auto* button = dynamic_cast<BarButton*>(row->widget)) button->showState();
   if (auto* label = dynamic_cast<QLabel*>(row->widget))
     label->setText(item.Type() == ItemType::note ? noteText(item) : text(item.Caption()));
 }

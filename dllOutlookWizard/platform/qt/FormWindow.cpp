@@ -21,6 +21,7 @@ QPoint corner(const Form& form) { return {pixels(form.Left()), pixels(form.Top()
 FormWindow::FormWindow(Form& form, const ViewFactory& views, QWidget* parent)
     : QWidget(parent, parent ? Qt::Dialog : Qt::Window), form_(form) {
   setWindowModality(Qt::ApplicationModal);
+  setAttribute(Qt::WA_QuitOnClose, false);  // the end of a form is none of its host's
   setFont(formFont());
   setWindowTitle(text(form.Caption()));
   setObjectName(text(form.Name()));
@@ -48,8 +49,8 @@ QWidget* FormWindow::view(const Control& control) const {
 void FormWindow::addView(Control& control) {
   QWidget* view = viewOf_.at(&control);
   view->setObjectName(text(control.fullName()));
-  if (view->focusPolicy() != Qt::NoFocus || view->accessibleName().isEmpty())
-    view->setAccessibleName(text(control.accessibleName()));
+  // What can't be gone to, a label above all, is called by what it shows.
+  if (view->focusPolicy() != Qt::NoFocus) view->setAccessibleName(text(control.accessibleName()));
   if (!control.ToolTipText().empty()) view->setToolTip(qt::toolTip(text(control.ToolTipText())));
   const auto place = [view, &control] { view->setGeometry(pixelRect(control.placement())); };
   const auto show = [view, &control] { view->setVisible(control.Visible()); };
@@ -103,8 +104,8 @@ void FormWindow::resizeEvent(QResizeEvent*) { tellForm(); }
 void FormWindow::moveEvent(QMoveEvent*) { tellForm(); }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
   act([this] { form_.unload(); });
+  event->setAccepted(!form_.Visible());  // a refusal would also keep the host from ending
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {

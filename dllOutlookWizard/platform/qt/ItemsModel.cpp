@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Pictures.h"
 #include "QtText.h"
 
 namespace tarnel::qt {
@@ -20,6 +21,12 @@ bool canBeChecked(const SmartItem& item) {
   return item.Type() == ItemType::checkRow || item.Type() == ItemType::checkBox;
 }
 bool isHeading(const SmartItem& item) { return item.Type() == ItemType::group || item.Type() == ItemType::label; }
+
+QString descriptionOf(const SmartItem& item) {
+  QStringList parts{pictureWords(item.Picture()), text(item.ToolTipText())};
+  parts.removeAll(QString());
+  return parts.join(u'\n');
+}
 
 }  // namespace
 
@@ -46,6 +53,8 @@ QVariant ItemsModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
       return captionOf(*item);
+    case Qt::AccessibleDescriptionRole:
+      return descriptionOf(*item);
     case Qt::CheckStateRole:
       return canBeChecked(*item) ? QVariant(isChecked(*item) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::FontRole: {

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "Colors.h"
-#include "Pictures.h"
 #include "QtText.h"
 
 namespace tarnel::qt {
@@ -50,19 +49,15 @@ void OptionButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF mark(contentsMargins().left() + 1.5, around + 1.5, markSide - 1, markSide - 1);
-  const double corner = isOption() ? markSide / 2.0 : 3;
   const QColor accent = accentColor(palette());
   const QColor base = palette().color(QPalette::Base);
   painter.setPen(QPen(isChecked() || hasFocus() ? accent : blend(base, palette().color(QPalette::Text), 0.6), 1));
   painter.setBrush(isChecked() ? accent : underMouse() ? blend(base, accent, 0.12) : base);
-  painter.drawRoundedRect(mark, corner, corner);
-  if (isChecked() && isOption()) {
+  painter.drawEllipse(mark);
+  if (isChecked()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(readableOn(accent));
     painter.drawEllipse(mark.center(), 2.8, 2.8);
-  } else if (isChecked()) {
-    painter.setPen(QPen(readableOn(accent), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    paintTick(painter, mark.adjusted(1.5, 1.5, -1.5, -1.5));
   }
   painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
   painter.drawText(rect().adjusted(captionLeft(), around, 0, 0), flags, text());

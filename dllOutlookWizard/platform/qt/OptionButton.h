@@ -7,7 +7,7 @@
 
 namespace tarnel::qt {
 
-// An option or check box with a caption that wraps. What it shows is its item's state, never the click's.
+// An option with a caption that wraps. What it shows is its item's state, never the click's.
 class OptionButton : public QRadioButton {
  public:
   OptionButton(SmartUI& control, SmartItem& item, ViewSite& site, QWidget* parent);
@@ -25,7 +25,6 @@ class OptionButton : public QRadioButton {
 
  private:
   int captionLeft() const;
-  bool isOption() const { return item_.Type() == ItemType::option; }
 
   SmartItem& item_;
 };

@@ -69,7 +69,8 @@ void PictureDesktop::save(const std::string& name) {
   QImage image(window.size() * scale_, QImage::Format_RGB32);
   image.setDevicePixelRatio(scale_);
   window.render(&image);
-  std::filesystem::create_directories(folder_);
+  std::error_code shownByTheSaving;
+  std::filesystem::create_directories(folder_, shownByTheSaving);
   const std::filesystem::path file = folder_ / (name + ".png");
   if (!image.save(QString::fromStdString(file.string())))
     throw Failure(failure::pathAccess,

@@ -1,5 +1,6 @@
 #include "Pictures.h"
 
+#include <QObject>
 #include <QPainter>
 #include <QPainterPath>
 #include <map>
@@ -101,6 +102,12 @@ QIcon pictureIcon(const std::string& key) {
     icon.addPixmap(picture);
   }
   return icon;
+}
+
+QString pictureWords(const std::string& key) {
+  if (key == "Tarnel") return QObject::tr("linked to a task in Tarnel");
+  // Beside a Tarnel task this tells of its link, beside an Outlook task of nothing more.
+  return key == "OUTLOOK" ? QObject::tr("in Outlook") : QString();
 }
 
 void paintTick(QPainter& painter, const QRectF& place) {

@@ -15,6 +15,9 @@ void paintPicture(QPainter& painter, const QRectF& place, const std::string& key
 // The same for a menu; no icon for a key without a picture. What is disabled or selected is toned by the style.
 QIcon pictureIcon(const std::string& key);
 
+// What the picture on a row says, for who doesn't see it; empty for one that says nothing.
+QString pictureWords(const std::string& key);
+
 // A check mark in the painter's own pen.
 void paintTick(QPainter& painter, const QRectF& place);
 

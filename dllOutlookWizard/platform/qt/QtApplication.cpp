@@ -53,19 +53,24 @@ QPalette desktopPalette() {
   return desktopPrefersDark() ? darkPalette() : lightPalette();
 }
 
-}  // namespace
-
-struct QtApplication::Inside {
-  std::unique_ptr<QApplication> application;  // none where the host has its own
-  QPalette desktop;
-};
-
-bool QtApplication::screenIsNamed() {
-  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-         !qEnvironmentVariableIsEmpty(platformVariable);
+QPalette paletteFor(Colors colors) {
+  if (colors == Colors::desktop) return desktopPalette();
+  return colors == Colors::dark ? darkPalette() : lightPalette();
 }
 
-QtApplication::QtApplication(int& argc, char** argv, Colors colors) : inside_(std::make_unique<Inside>()) {
+bool hostHasOne() {
+  const QCoreApplication* there = QCoreApplication::instance();
+  if (!there) return false;
+  if (qobject_cast<const QApplication*>(there) && there->thread() == QThread::currentThread()) return true;
+  throw Failure(failure::objectNotSet,
+                "The window can't be opened because this program has a Qt application that is none for widgets or "
+                "lives on another thread. Open the wizard on that application's thread.");
+}
+
+}  // namespace
+
+QtApplication::QtApplication(int& argc, char** argv, Colors colors) {
+  if (hostHasOne()) return;
   const bool chosen = !qEnvironmentVariableIsEmpty(platformVariable);
   // Qt ends the process when no platform answers; the last one always does, and is told apart below.
   if (!chosen)
@@ -73,15 +78,15 @@ QtApplication::QtApplication(int& argc, char** argv, Colors colors) : inside_(st
             qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb;offscreen" : "wayland;xcb;offscreen");
   start(argc, argv, colors);
   if (!chosen) qunsetenv(platformVariable);
-  if (!chosen && inside_->application && QGuiApplication::platformName() == QStringLiteral("offscreen"))
+  if (!chosen && QGuiApplication::platformName() == QStringLiteral("offscreen"))
     throw Failure(failure::fileNotFound,
                   "The window can't be opened because no screen answers (DISPLAY=\"" +
                       qEnvironmentVariable("DISPLAY").toStdString() +
                       "\"). Start the program inside a desktop session, or use \"tarnel drive\".");
 }
 
-QtApplication::QtApplication(WithoutScreen, int& argc, char** argv, Colors colors)
-    : inside_(std::make_unique<Inside>()) {
+QtApplication::QtApplication(WithoutScreen, int& argc, char** argv, Colors colors) {
+  if (hostHasOne()) return;
   const bool chosen = qEnvironmentVariableIsSet(platformVariable);
   const QByteArray before = qgetenv(platformVariable);
   qputenv(platformVariable, "offscreen");
@@ -93,30 +98,12 @@ QtApplication::QtApplication(WithoutScreen, int& argc, char** argv, Colors color
 QtApplication::~QtApplication() = default;
 
 void QtApplication::start(int& argc, char** argv, Colors colors) {
-  if (const QCoreApplication* there = QCoreApplication::instance()) {
-    if (qobject_cast<const QApplication*>(there) && there->thread() == QThread::currentThread()) return;
-    throw Failure(failure::objectNotSet,
-                  "The window can't be opened because this program has a Qt application that is none for widgets or "
-                  "lives on another thread. Open the wizard on that application's thread.");
-  }
-  inside_->application = std::make_unique<QApplication>(argc, argv);
+  application_ = std::make_unique<QApplication>(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnel"));
   QApplication::setWindowIcon(ownIcon());
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setQuitOnLastWindowClosed(false);  // a wizard that closes hands back to its host
-  inside_->desktop = desktopPalette();
-  setColors(colors);
-}
-
-void QtApplication::setColors(Colors colors) {
-  switch (colors) {
-    case Colors::desktop:
-      return QApplication::setPalette(inside_->desktop);
-    case Colors::light:
-      return QApplication::setPalette(lightPalette());
-    case Colors::dark:
-      return QApplication::setPalette(darkPalette());
-  }
+  QApplication::setPalette(paletteFor(colors));
 }
 
 }  // namespace tarnel::qt

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+class QApplication;
+
 namespace tarnel::qt {
 
 enum class Colors { desktop, light, dark };
@@ -17,16 +19,10 @@ class QtApplication {
   QtApplication(WithoutScreen, int& argc, char** argv, Colors colors = Colors::light);
   ~QtApplication();
 
-  // Whether the environment names a screen; whether it answers shows only when it is asked.
-  static bool screenIsNamed();
-
-  void setColors(Colors colors);
-
  private:
-  struct Inside;
   void start(int& argc, char** argv, Colors colors);
 
-  std::unique_ptr<Inside> inside_;
+  std::unique_ptr<QApplication> application_;  // none where the host has its own
 };
 
 }  // namespace tarnel::qt
