@@ -27,16 +27,9 @@ static uint32_t sinkCount(__clsTarnelOutWizard* self) {
 }
 
 static TarnelResult sinkInvoke(__clsTarnelOutWizard* self, int32_t event, TarnelVariant* arguments, uint32_t count) {
-  static const char* const names[] = {"",
-                                      "CloseTheWizard",
-                                      "OutlookPrefsChanged",
-                                      "ImportFromOutlook",
-                                      "TurnOnOutlookCurrentTasks",
-                                      "TurnOffOutlookCurrentTasks",
-                                      "MOPKilled",
-                                      "UpdateOutlookSettings"};
+  const char* name = tarnelEventName(event);
   (void)self;
-  printf("event %d %s", (int)event, event >= 1 && event <= 7 ? names[event] : "of a later version");
+  printf("event %d %s", (int)event, *name ? name : "of a later version");
   if (event == TARNEL_UPDATE_OUTLOOK_SETTINGS && count == 3) {
     const TarnelText* profile = &arguments[2].value.variantReference->value.text;
     printf(" tasks=%d appointments=%d profile=%.*s", (int)*arguments[0].value.int32Reference,

@@ -50,7 +50,16 @@ class CommandLine {
     addProfileCommand(app_, action_);
   }
 
+  // Output that got lost, on a full disk say, is a failure of every command.
   int run() {
+    const int result = runCommand();
+    if (std::cout.flush()) return result;
+    std::cerr << "tarnel: The output can't be written. Is there room where it goes?" << std::endl;
+    return result == succeeded ? failed : result;
+  }
+
+ private:
+  int runCommand() {
     try {
       app_.parse(argc_, argv_);
       return action_() ? succeeded : failed;
@@ -62,7 +71,6 @@ class CommandLine {
     }
   }
 
- private:
   void addNew() {
     CLI::App* command = app_.add_subcommand("new", "Make a new task database; an existing file is never touched");
     command->add_option("FILE", file_, "The database to make")->capture_default_str();
@@ -171,8 +179,7 @@ class CommandLine {
   }
 
   bool openWindow() {
-    return runWizard(
-        options_, [](TarnelWizardControl& control) { return control.UseWindow(); }, sayEvent);
+    return run([](TarnelWizardControl& control) { return control.UseWindow(); }, sayEvent);
   }
 
   bool savePictures() {

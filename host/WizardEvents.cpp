@@ -1,6 +1,5 @@
 #include "WizardEvents.h"
 
-#include <array>
 #include <cstring>
 
 #include "Failure.h"
@@ -9,14 +8,6 @@
 namespace tarnel::host {
 namespace {
 
-constexpr std::array<const char*, 8> names = {"",
-                                              "CloseTheWizard",
-                                              "OutlookPrefsChanged",
-                                              "ImportFromOutlook",
-                                              "TurnOnOutlookCurrentTasks",
-                                              "TurnOffOutlookCurrentTasks",
-                                              "MOPKilled",
-                                              "UpdateOutlookSettings"};
 constexpr std::uint32_t settingsCount = 3;
 
 std::string profileOf(const TarnelVariant* arguments) {
@@ -34,6 +25,8 @@ TarnelResult WizardEvents::QueryInterface(const TarnelGuid* id, void** object) {
 }
 
 TarnelResult WizardEvents::Invoke(std::int32_t event, TarnelVariant* arguments, std::uint32_t count) {
+  const std::string name = tarnelEventName(event);
+  if (name.empty()) return TARNEL_OK;  // a later component's
   std::int32_t number = failure::automation;
   std::string why;
   try {
@@ -42,7 +35,7 @@ TarnelResult WizardEvents::Invoke(std::int32_t event, TarnelVariant* arguments, 
       told = {{"newTask", *arguments[0].value.int32Reference},
               {"newAppt", *arguments[1].value.int32Reference},
               {"newProfile", profileOf(arguments)}};
-    tell_(names.at(static_cast<std::size_t>(event)), told);
+    tell_(name, told);
     return act(event, arguments);
   } catch (const Failure& failure) {
     number = failure.number();

@@ -1,7 +1,6 @@
 #include "ConnectionPoint.h"
 
 #include <algorithm>
-#include <array>
 
 #include "Contained.h"
 #include "Failure.h"
@@ -10,18 +9,7 @@
 namespace tarnel {
 namespace {
 
-constexpr std::array<const char*, 8> eventNames = {"",
-                                                   "CloseTheWizard",
-                                                   "OutlookPrefsChanged",
-                                                   "ImportFromOutlook",
-                                                   "TurnOnOutlookCurrentTasks",
-                                                   "TurnOffOutlookCurrentTasks",
-                                                   "MOPKilled",
-                                                   "UpdateOutlookSettings"};
-
-std::string handlerOf(std::int32_t event) {
-  return std::string("The host's handler of ") + eventNames.at(static_cast<std::size_t>(event));
-}
+std::string handlerOf(std::int32_t event) { return std::string("The host's handler of ") + tarnelEventName(event); }
 
 // Counts the calls under way.
 class Depth {

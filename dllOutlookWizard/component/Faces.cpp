@@ -7,12 +7,20 @@
 namespace tarnel {
 namespace {
 
-// A desktop together with the streams that it needs.
-struct ScriptFace {
-  ScriptFace(int commands, int facts) : input(commands), output(facts) {}
+struct ScriptStreams {
+  ScriptStreams(int commands, int facts) : input(commands), output(facts) {}
   DescriptorInput input;
   DescriptorOutput output;
-  std::unique_ptr<script::ScriptDesktop> desktop = Composition::scriptDesktop(input, output);
+};
+
+// A desktop together with the streams that it needs.
+struct ScriptFace {
+  explicit ScriptFace(std::shared_ptr<ScriptStreams> shared) : streams(std::move(shared)) {
+    streams->input.clear();  // more may have come behind an end
+    streams->output.clear();
+  }
+  std::shared_ptr<ScriptStreams> streams;
+  std::unique_ptr<script::ScriptDesktop> desktop = Composition::scriptDesktop(streams->input, streams->output);
 };
 
 struct PicturesFace {
@@ -35,7 +43,8 @@ std::shared_ptr<Desktop> desktopOf(Arguments&&... arguments) {
 Face windowFace() { return Composition::windowDesktop; }
 
 Face scriptFace(int commands, int facts) {
-  return [commands, facts] { return desktopOf<ScriptFace>(commands, facts); };
+  // The streams read ahead, so the next wizard on the same script needs these.
+  return [streams = std::make_shared<ScriptStreams>(commands, facts)] { return desktopOf<ScriptFace>(streams); };
 }
 
 Face picturesFace(const PictureOptions& options, int told) {

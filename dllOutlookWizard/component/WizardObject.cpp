@@ -43,9 +43,15 @@ void requireOpen(std::int32_t descriptor) {
   if (fcntl(descriptor, F_GETFD) < 0) throw Refusal{TARNEL_INVALID_ARGUMENT};
 }
 
-std::string told(const FailureReport& failure, const std::filesystem::path& file) {
+// Something must have been reported.
+std::string told(const ErrorReport& report) {
+  const FailureReport& failure = *report.first();
+  const std::string file = report.file().string();
   return "The wizard was ended by a failure in " + failure.module + "." + failure.procedure + ": " + failure.text +
-         " (" + std::to_string(failure.number) + ")\nThe full report is in " + file.string();
+         " (" + std::to_string(failure.number) + ")\n" +
+         (report.firstKept()
+              ? "The full report is in " + file
+              : "The full report could not be written to " + file + ". Is there room, and may you write there?");
 }
 
 }  // namespace
@@ -148,7 +154,7 @@ void WizardObject::run(const Call& call) {
   OutlookTasksProject outlookProject(parts.database(), GetANewGuid);
   parts.install(*desktop, errorReport, outlookProject, componentFile().parent_path());
   wizard_.Setup(call.appointments, call.hours, call.interval, call.connection, call.date);
-  if (errorReport.first()) firstFailure_ = told(*errorReport.first(), errorReport.file());
+  if (errorReport.first()) firstFailure_ = told(errorReport);
 }
 
 TarnelResult WizardObject::FindConnectionPoint(const TarnelGuid* events, TarnelConnectionPoint** point) {

@@ -177,7 +177,8 @@ enum {
   /*
    * The user pressed the update button, before any transition runs. Three arguments: newTask and newAppt, TARNEL_INT32
    * by reference, 0 to 3, and newProfile, TARNEL_VARIANT by reference to a TARNEL_TEXT, the name as the settings hold
-   * it. What a handler puts in their place reaches the wizard.
+   * it. The text that a handler puts into newProfile becomes the wizard's profile. The modes only tell: the wizard reads
+   * them off its settings anew, and another number in their place reaches the sinks behind and nobody else.
    */
   TARNEL_UPDATE_OUTLOOK_SETTINGS = 7
 };
@@ -222,7 +223,7 @@ TARNEL_INTERFACE(TarnelWizardControl)
   TARNEL_OPERATION(TarnelWizardControl, UseWindow)
   /*
    * No screen: commands, one a line, from one file descriptor; facts, one JSON object a line, to another. The end of
-   * the commands closes the wizard. Both stay the host's and open.
+   * the commands closes the wizard; one that ends before leaves the rest to the next. Both stay the host's and open.
    */
   TARNEL_OPERATION_WITH(TarnelWizardControl, UseScript, int32_t commands, int32_t facts)
   /*
@@ -282,6 +283,19 @@ static inline TarnelText tarnelText(const char* characters) {
   text.bytes = (char*)characters;
   text.length = (uint32_t)strlen(characters);
   return text;
+}
+
+/* An event's name as TarnelOutWizard.idl has it, without its arguments; "" for a number that is no event's. */
+static inline const char* tarnelEventName(int32_t event) {
+  static const char* const names[] = {"",
+                                      "CloseTheWizard",
+                                      "OutlookPrefsChanged",
+                                      "ImportFromOutlook",
+                                      "TurnOnOutlookCurrentTasks",
+                                      "TurnOffOutlookCurrentTasks",
+                                      "MOPKilled",
+                                      "UpdateOutlookSettings"};
+  return event >= TARNEL_CLOSE_THE_WIZARD && event <= TARNEL_UPDATE_OUTLOOK_SETTINGS ? names[event] : "";
 }
 
 /* Puts a copy in the place of the text that is there, as in newProfile. TARNEL_OUT_OF_MEMORY: nothing was changed. */

@@ -15,12 +15,12 @@ std::string onOneLine(std::string text) {
 }  // namespace
 
 void ErrorReport::report(const FailureReport& failure) {
-  if (!first_) first_ = failure;
-  append(failure);
+  const bool kept = append(failure);
+  if (!first_) first_ = failure, firstKept_ = kept;
   desktop_.report(failure);
 }
 
-void ErrorReport::append(const FailureReport& failure) const {
+bool ErrorReport::append(const FailureReport& failure) const {
   std::error_code ignored;
   std::filesystem::create_directories(file_.parent_path(), ignored);
   std::ofstream out(file_, std::ios::app);
@@ -31,7 +31,9 @@ void ErrorReport::append(const FailureReport& failure) const {
       << "  text:      " << onOneLine(failure.text) << '\n'
       << "  number:    " << failure.number << '\n'
       << "  line mark: " << failure.lineMark << '\n'
-      << "  profile:   " << onOneLine(failure.profile) << '\n';
+      << "  profile:   " << onOneLine(failure.profile) << '\n'
+      << std::flush;
+  return out.good();
 }
 
 }  // namespace tarnel

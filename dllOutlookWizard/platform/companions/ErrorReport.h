@@ -19,15 +19,18 @@ class ErrorReport : public TarnelErrReport {
 
   // The first failure told, which those behind it mostly follow from; none when there was none.
   const std::optional<FailureReport>& first() const { return first_; }
+  // Whether that one could be written to the file.
+  bool firstKept() const { return firstKept_; }
   const std::filesystem::path& file() const { return file_; }
 
  private:
-  void append(const FailureReport& failure) const;
+  bool append(const FailureReport& failure) const;
 
   Desktop& desktop_;
   const Clock& clock_;
   std::filesystem::path file_;
   std::optional<FailureReport> first_;
+  bool firstKept_ = false;
 };
 
 }  // namespace tarnel
