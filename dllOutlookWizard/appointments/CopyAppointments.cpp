@@ -1,10 +1,9 @@
 #include "CStringBag.h"
-#include "ClassFactory.h"
 #include "Conversions.h"
 #include "DaySchedules.h"
 #include "MarkedRows.h"
 #include "OutlookDateSpan.h"
-#include "Platform.h"
+#include "OutlookItems.h"
 #include "ScheduleRow.h"
 #include "StandardHandler.h"
 #include "manageOutlookRef.h"
@@ -15,7 +14,6 @@ namespace {
 using outlook::AppointmentItem;
 
 constexpr const char* linkColumn = "taOutlookEntryID";
-constexpr const char* deletedItems = "Deleted Items";
 
 // What a Task Appointment says to its item.
 struct ApptFields {
@@ -37,12 +35,6 @@ struct ApptFields {
   Date end;
 };
 
-std::unique_ptr<outlook::SafeAppointmentItem> wrap(const std::shared_ptr<AppointmentItem>& item) {
-  auto wrapper = platform().outlook.createSafeAppointmentItem();
-  wrapper->setItem(item);
-  return wrapper;
-}
-
 bool isCopyWith(AppointmentItem& item, const std::string& link) {
   if (item.Location() != tarnelLocation) return false;
   const auto property = item.UserProperties()->Item(apptTag::tarnelGuid);
@@ -58,7 +50,7 @@ class ApptCopy {
   void copyCurrentRow() {
     const std::string link = textOrEmpty(rows_.Fields(linkColumn).Value());
     const auto copy = link.empty() ? nullptr : find(link);
-    if (copy && copy->ParentName() != deletedItems)
+    if (copy && !isThrownAway(*copy))
       update(copy, link);
     else
       create();
@@ -77,7 +69,7 @@ class ApptCopy {
   }
 
   void update(const std::shared_ptr<AppointmentItem>& item, const std::string& link) {
-    const auto wrapper = wrap(item);
+    const auto wrapper = safeItem(item);
     ApptFields(rows_).writeTo(*wrapper);
     wrapper->Item()->Save();
     for (std::int16_t i = outlookSide_.AppCount(); i >= 1; --i) {
@@ -107,7 +99,7 @@ class ApptCopy {
     rows_.UpdateBatch(ado::Affect::allChapters);
 
     const auto item = outlook::asAppointment(outlookApplication().CreateItem(outlook::ItemType::appointment));
-    const auto wrapper = wrap(item);
+    const auto wrapper = safeItem(item);
     fields.writeTo(*wrapper);
     item->UserProperties()->Add(apptTag::tarnelGuid, outlook::PropertyType::text)->setValue(link);
     wrapper->Item()->Save();
@@ -148,7 +140,7 @@ bool DaySchedules::Tarnel2OUTAppts() {
       ApptCopy copy(*rows, OutlookDateSpan(folder->items(), form_.formCurDate, form_.formCurDate), outlookSide);
       forEachMarkedRow(tarnelSide, [&](std::int16_t i) {
         rows->Find("taGUIDID", tarnelSide.AppTag(i));
-        if (!rows->atBOF() && !rows->atEOF()) copy.copyCurrentRow();
+        if (!rows->atEOF()) copy.copyCurrentRow();
         tarnelSide.setAppMarkImage(i, apptPicture::none);
       });
       rows->UpdateBatch(ado::Affect::allChapters);

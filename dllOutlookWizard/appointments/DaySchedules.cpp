@@ -3,8 +3,6 @@
 namespace tarnel {
 
 DaySchedules::DaySchedules(FormState& form) : tarnelSide("ctDaySked", 0), outlookSide("ctDaySked", 1), form_(form) {
-  tarnelSide.setAccessibleName("Tarnel appointments");
-  outlookSide.setAccessibleName("Microsoft Outlook appointments");
   for (int index = 0; index < 2; ++index) {
     ctMDay& schedule = *both()[static_cast<std::size_t>(index)];
     connections_.push_back(schedule.AppPreSelect.connect(

@@ -39,7 +39,7 @@ class DaySchedules {
   // and told, when Outlook is out of reach: nothing is touched then. False without a word when the walk failed: the
   // rows made so far stay.
   bool GetDisplayOutlookAppts(ctMDay& ctControl, Date dStart, Date dEnd);
-  // All three for the form's day, up to the first reported failure. All marks go.
+  // All three for the form's day, whatever one of them reports. All marks go.
   void refreshDay();
   // Closes the records if they are open, and lets go of them.
   void closeRows();

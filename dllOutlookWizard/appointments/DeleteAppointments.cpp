@@ -52,7 +52,7 @@ std::shared_ptr<outlook::Item> calendarItem(const std::string& entryId) {
 // Without its link the Task Appointment counts as never copied.
 void unlink(ado::Recordset& rows, const std::string& guid) {
   rows.Find("taGUIDID", guid);
-  if (rows.atBOF() || rows.atEOF()) return;
+  if (rows.atEOF()) return;
   rows.Fields("taOutlookEntryID").setValue(Null{});
   rows.UpdateBatch(ado::Affect::allChapters);
 }
@@ -85,7 +85,7 @@ void deleteCopyOf(const std::string& guid, ctMDay& outlookSide) {
     const std::string tagText = outlookSide.AppTag(i);
     const CStringBag tag(tagText);
     if (isOccurrence(tag) || tag.ReadItem(apptTag::tarnelGuid) != guid) continue;
-    letEventsRun();
+    letEventsRunAttached();
     if (const auto item = calendarItem(tag.ReadItem(apptTag::entryId))) {
       item->Delete();
       removeRow(outlookSide, i, tagText);

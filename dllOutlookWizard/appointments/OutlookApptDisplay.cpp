@@ -103,11 +103,16 @@ void showItems(Date dStart, Date dEnd, ItemRows rows) {
 }  // namespace
 
 bool DaySchedules::GetDisplayOutlookAppts(ctMDay& ctControl, Date dStart, Date dEnd) {
+  const auto records = theTaskApptRows;
   std::optional<Hourglass> hourglass(std::in_place);
   if (!manageOutlookRef()) {
     hourglass.reset();  // no hourglass over a box that waits for its reader
     tellOutlookIsOutOfReach();
     return false;
+  }
+  if (theTaskApptRows != records) {  // waiting events chose a day, which stands on both sides already
+    releaseOutlook();
+    return true;
   }
   const bool walked = ignoringFailures([&] {
     outlookSide.AppClear();

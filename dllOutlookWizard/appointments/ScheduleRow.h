@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "ItemLink.h"
 #include "RowTimes.h"
 #include "ctMDay.h"
 
@@ -25,9 +26,9 @@ inline constexpr std::int32_t marked = 99;
 // Names of the entries of a tag that are read again; a CStringBag, on all rows but Task Appointments, whose tag is
 // their taGUIDID alone.
 namespace apptTag {
-inline constexpr const char* entryId = "ENTRYID";
+inline constexpr const char* entryId = entryIdEntry;
 inline constexpr const char* recurring = "Tag9";  // "True" on an occurrence of a series
-inline constexpr const char* tarnelGuid = "BrackwellTarnelGUID";
+inline constexpr const char* tarnelGuid = linkProperty;
 }  // namespace apptTag
 
 // The Location of an item that a copy made.

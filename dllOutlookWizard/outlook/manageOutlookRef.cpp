@@ -61,6 +61,12 @@ void letEventsRun() {
   platform().desktop.doEvents();
 }
 
+void letEventsRunAttached(int rounds) {
+  const bool attached = session().theOutlookNS != nullptr;
+  for (; rounds > 0; --rounds) platform().desktop.doEvents();
+  if (attached && !session().theOutlookNS) manageOutlookRef();
+}
+
 outlook::Application& outlookApplication() {
   if (!session().theOutlookApp) failObjectNotSet();
   return *session().theOutlookApp;

@@ -17,6 +17,8 @@ void closeOutlook();
 
 // Lets waiting events of the form run, twice: the first round's events may leave others behind.
 void letEventsRun();
+// The same inside a run, as often as asked. A command that ran among them has let go of Outlook; the run attaches anew.
+void letEventsRunAttached(int rounds = 2);
 
 // The session's objects. Failure 91 while they are empty.
 outlook::Application& outlookApplication();

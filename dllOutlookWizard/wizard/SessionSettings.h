@@ -5,7 +5,8 @@
 namespace tarnel {
 
 // The sections of the Settings table and the projects, read into the session state. A value that is no number where
-// one is taken, a row too many or a Null fails.
+// one is taken or a row too many fails; so does a Null among the date formats, the modes and the projects. Elsewhere a
+// Null means the default, or nothing.
 
 void readLevelNamesAndPoints();
 // Into meSizes. An empty section gets its six rows first.

@@ -31,8 +31,8 @@ void clsTarnelOutWizard::Setup(bool curDoingAppts, const std::string& theTimeDis
     form->load();
     form->SetupForm(CurDate);
     form->showModal(platform().desktop);
-    letGoOfForm();
   });
+  letGoOfForm();
 }
 
 void clsTarnelOutWizard::listenToForm() {

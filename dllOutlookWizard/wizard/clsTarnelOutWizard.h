@@ -36,7 +36,8 @@ class clsTarnelOutWizard {
   Signal<> TurnOnOutlookCurrentTasks;
   Signal<> TurnOffOutlookCurrentTasks;
   Signal<> MOPKilled;
-  // The chosen modes, 0 to 3, and the profile; what a handler changes in them reaches the wizard.
+  // The chosen modes, 0 to 3, and the profile. A profile that a handler puts there is the session's from then on; the
+  // modes go on as the user chose them.
   Signal<std::int32_t&, std::int32_t&, std::string&> UpdateOutlookSettings;
 
  private:

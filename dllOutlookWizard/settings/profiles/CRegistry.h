@@ -18,7 +18,6 @@ inline constexpr std::uint32_t currentUser = 0x80000001;
 class CRegistry {
  public:
   void Init(std::uint32_t RootKey) { root_ = RootKey; }
-  std::uint32_t RootKey() const { return root_; }
 
   // A root key that is not one of the above has no keys.
   bool KeyExists(std::string_view KeyName) const;

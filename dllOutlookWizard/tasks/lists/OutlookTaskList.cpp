@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "CStringBag.h"
-#include "ClassFactory.h"
 #include "Conversions.h"
+#include "OutlookItems.h"
 #include "Platform.h"
 #include "TaskLists.h"
 #include "manageOutlookRef.h"
@@ -14,9 +14,7 @@ constexpr std::int32_t mostRows = 2000;
 
 // What the item's link property holds, read past Outlook's guard.
 std::string linkedGuid(const std::shared_ptr<outlook::TaskItem>& task) {
-  const auto wrapper = platform().outlook.createSafeTaskItem();
-  wrapper->setItem(task);
-  const auto property = wrapper->UserProperties()->Item(rowTag::tarnelGuid);
+  const auto property = safeItem(task)->UserProperties()->Item(rowTag::tarnelGuid);
   return property ? textOrEmpty(property->Value()) : std::string();
 }
 
@@ -39,6 +37,7 @@ bool TaskLists::GetOutlookTasks() {
     tellOutlookIsOutOfReach();
     return false;
   }
+  outlookList.Items().Clear();  // a copy among the waiting events may have added rows
   const auto folder = outlookApplication().Session()->GetDefaultFolder(outlook::DefaultFolder::tasks);
   const auto open = folder->items()->Restrict("[Complete] = false");
   const std::int32_t count = std::min(open->Count(), mostRows);

@@ -19,7 +19,7 @@ struct DayLengths {
 DayLengths dayLengths() {
   const auto& formats = session().theDateFormats;
   const std::string& hours = formats[dateFormat::hoursInDay];
-  const double full = hours == "24" ? 1440 : roundToLong(static_cast<double>(toSingle(hours) * 60.0F));
+  const double full = roundToLong(static_cast<double>(toSingle(hours) * 60.0F));
   const std::int32_t wholeHours = toLong(hours);
   if (wholeHours == 0 || wholeHours == 24) return {full, full};
   return {full, static_cast<double>(toLong(formats[dateFormat::dayEnd]) - toLong(formats[dateFormat::dayStart]))};
@@ -33,12 +33,6 @@ std::string hoursAndMinutes(double minutes) {
   return std::to_string(hours) + (rest < 10 ? ":0" : ":") + std::to_string(rest);
 }
 
-// What is left behind the days. Less than an hour once rounded has no hours, also where it rounds down from one.
-std::string restOfDay(double minutes) {
-  const double rounded = std::nearbyint(minutes);
-  return hoursAndMinutes(rounded < 60 ? rounded : minutes);
-}
-
 bool isOnce(double minutes, double length) { return static_cast<float>(minutes / length) == 1.0F; }
 
 bool isMultiple(double minutes, double length) { return std::fmod(std::nearbyint(minutes), length) == 0; }
@@ -47,7 +41,7 @@ std::string days(double minutes, double length) {
   if (isOnce(minutes, length)) return "1 Day";
   const std::int64_t count = wholePart(minutes / length);
   if (isMultiple(minutes, length)) return std::to_string(count) + " Days";
-  return std::to_string(count) + "D " + restOfDay(minutes - length * static_cast<double>(count));
+  return std::to_string(count) + "D " + hoursAndMinutes(minutes - length * static_cast<double>(count));
 }
 
 std::string weeks(double minutes, double day) {
@@ -58,7 +52,7 @@ std::string weeks(double minutes, double day) {
   const double behindWeeks = minutes - week * static_cast<double>(count);
   const std::int64_t dayCount = wholePart(behindWeeks / day);
   return std::to_string(count) + "W " + std::to_string(dayCount) + "D " +
-         restOfDay(behindWeeks - day * static_cast<double>(dayCount));
+         hoursAndMinutes(behindWeeks - day * static_cast<double>(dayCount));
 }
 
 }  // namespace

@@ -53,7 +53,8 @@ struct TaskTimes {
   explicit TaskTimes(const TaskColumns& task)
       : needed(toLong(task.needed.Value())),
         scheduled(toLong(task.scheduled.Value())),
-        leftText(SetTimeFormat(needed - scheduled)),
+        left(std::int64_t{needed} - scheduled),
+        leftText(SetTimeFormat(static_cast<double>(left))),
         neededText(SetTimeFormat(needed)),
         scheduledText(SetTimeFormat(scheduled)) {}
 
@@ -61,6 +62,7 @@ struct TaskTimes {
 
   std::int32_t needed;
   std::int32_t scheduled;
+  std::int64_t left;  // not scheduled yet
   std::string leftText;
   std::string neededText;
   std::string scheduledText;
@@ -70,7 +72,7 @@ std::string taskTag(const TaskColumns& task, const TaskTimes& times) {
   CStringBag bag;
   bag.WriteItem("IMP", toText(task.importance.Value()));
   bag.WriteItem("DIFF", toText(task.difficulty.Value()));
-  bag.WriteItem("NEEDS", std::to_string(times.needed - times.scheduled));
+  bag.WriteItem("NEEDS", std::to_string(times.left));
   bag.WriteItem("PROJECT", toText(task.project.Value()));
   bag.WriteItem("PROJECTKEY", toText(task.projectKey.Value()));
   bag.WriteItem(rowTag::timeNeeded, std::to_string(times.needed));

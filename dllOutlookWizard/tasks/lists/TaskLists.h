@@ -4,8 +4,10 @@
 #include <string>
 
 #include "FormState.h"
+#include "ItemLink.h"
 #include "Recordset.h"
 #include "SmartUI.h"
+#include "TaskPicker.h"
 #include "clsTaskList.h"
 
 namespace tarnel {
@@ -22,8 +24,8 @@ namespace rowTag {
 inline constexpr const char* outlookId = "OUTLOOKID";
 inline constexpr const char* timeNeeded = "TIMENEEDED";
 inline constexpr const char* timeSpent = "TIMESPENT";
-inline constexpr const char* entryId = "ENTRYID";
-inline constexpr const char* tarnelGuid = "BrackwellTarnelGUID";
+inline constexpr const char* entryId = entryIdEntry;
+inline constexpr const char* tarnelGuid = linkProperty;
 }  // namespace rowTag
 
 // The two check lists with the picker that says what the Tarnel one shows: index 0 the tasks of the database, 1 the
@@ -49,8 +51,8 @@ class TaskLists {
   std::string theTaskPickKey;
 
   // Codes of the picker's choice.
-  const std::string& pickCode() const { return smtSkedPickTasks.Items().Item("TASKPICK").Tag(); }
-  const std::string& sortCode() const { return smtSkedPickTasks.Items().Item("SORTPICK").Tag(); }
+  const std::string& pickCode() const { return smtSkedPickTasks.Items().Item(taskPickKey).Tag(); }
+  const std::string& sortCode() const { return smtSkedPickTasks.Items().Item(sortPickKey).Tag(); }
 
   // Fills the list from the database. False behind a reported failure; the rows added before it stay.
   bool GetTarnelTasks(const std::string& sortCode, const std::string& pickCode, SmartUI& list);

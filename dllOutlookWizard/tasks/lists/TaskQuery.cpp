@@ -22,7 +22,7 @@ struct Piece {
 };
 
 constexpr std::array<Piece, 4> picks{{
-    {"T00", " WHERE Tasks.tskCurrent = TRUE "},
+    {currentTasksPick, " WHERE Tasks.tskCurrent = TRUE "},
     {"T01", " WHERE Tasks.tskStatus <> 0 "},
     {"T02", " WHERE Tasks.tskHasSchedule = TRUE "},
     {"T03", " WHERE Tasks.tskTimeNeeded > 180 AND Tasks.tskImp > 2 AND Tasks.tskHasSchedule = FALSE"},
@@ -60,8 +60,8 @@ std::string wherePiece(std::string_view pickCode) {
 
 // The user's own order is another one for the Current list, the whole list and each project.
 std::string_view customOrder(std::string_view pickCode) {
-  if (pickCode == "T00") return " ORDER BY Tasks.tskCustSortCur ";
-  if (find(picks, pickCode)) return " ORDER BY Tasks.tskCustSortTarnel ";
+  if (pickCode == currentTasksPick) return " ORDER BY Tasks.tskCustSortCur ";
+  if (isFixedPick(pickCode)) return " ORDER BY Tasks.tskCustSortTarnel ";
   return " ORDER BY Tasks.tskCustSortProj ";
 }
 
@@ -72,6 +72,8 @@ std::string_view orderPiece(std::string_view sortCode, std::string_view pickCode
 }
 
 }  // namespace
+
+bool isFixedPick(std::string_view pickCode) { return find(picks, pickCode) != nullptr; }
 
 std::string taskQuery(std::string_view sortCode, std::string_view pickCode, bool withCompleted) {
   std::string query(selectPiece);

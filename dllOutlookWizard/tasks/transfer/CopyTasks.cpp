@@ -1,9 +1,8 @@
 #include "CStringBag.h"
 #include "CheckedRows.h"
-#include "ClassFactory.h"
 #include "Conversions.h"
 #include "LinkWalk.h"
-#include "Platform.h"
+#include "OutlookItems.h"
 #include "StandardHandler.h"
 #include "TaskFields.h"
 #include "TaskTransfer.h"
@@ -34,7 +33,7 @@ class TaskCopy {
   // False when the task has gone from the database: the row is passed over then.
   bool findTask(const SmartItem& row) {
     tasks_.Find("tskGUIDID", row.Key());
-    return !tasks_.atEOF() && !tasks_.atBOF();
+    return !tasks_.atEOF();
   }
 
   void firstCopy(SmartItem& row) {
@@ -43,7 +42,7 @@ class TaskCopy {
     tasks_.Fields("tskOUTEntityID").setValue(row.Key());
     tasks_.UpdateBatch(ado::Affect::allChapters);
     createItem(row);
-    platform().desktop.doEvents();
+    letEventsRunAttached(1);
     ++created_;
   }
 
@@ -66,7 +65,7 @@ class TaskCopy {
   }
 
   void update(SmartItem& row, const LinkedItem& match) {
-    const auto wrapper = wrap(match.item);
+    const auto wrapper = safeItem(match.item);
     writeTaskToItem(tasks_, *wrapper->Item());
     ++updated_;
     wrapper->Item()->Save();
@@ -79,7 +78,7 @@ class TaskCopy {
 
   // Makes the Outlook task of the current record, linked, and shows it.
   void createItem(SmartItem& row) {
-    const auto wrapper = wrap(outlook::asTask(outlookApplication().CreateItem(outlook::ItemType::task)));
+    const auto wrapper = safeItem(outlook::asTask(outlookApplication().CreateItem(outlook::ItemType::task)));
     const auto item = wrapper->Item();
     writeTaskToItem(tasks_, *item);
     item->UserProperties()->Add(rowTag::tarnelGuid, outlook::PropertyType::text)->setValue(row.Key());
@@ -95,12 +94,6 @@ class TaskCopy {
     lists_.outlookList.Items()
         .Add(0, entryId, description(), ItemType::checkRow, rowPicture::tarnel)
         .setTag(bag.Contents());
-  }
-
-  static std::unique_ptr<outlook::SafeTaskItem> wrap(std::shared_ptr<outlook::TaskItem> item) {
-    auto wrapper = platform().outlook.createSafeTaskItem();
-    wrapper->setItem(std::move(item));
-    return wrapper;
   }
 
   std::string description() const { return textOrEmpty(tasks_.Fields("tskDesc").Value()); }

@@ -1,10 +1,11 @@
 #include "CCreateGuid.h"
 #include "CStringBag.h"
 #include "CheckedRows.h"
-#include "ClassFactory.h"
+#include "OutlookItems.h"
 #include "Platform.h"
 #include "StandardHandler.h"
 #include "TaskFields.h"
+#include "TaskQuery.h"
 #include "TaskTransfer.h"
 #include "m_OutlookWizard.h"
 #include "manageOutlookRef.h"
@@ -22,9 +23,8 @@ struct Destination {
 // A pick of the user's projects names its own; the fixed picks and the Outlook project itself mean the latter.
 Destination destination(const TaskLists& lists) {
   const std::string& pick = lists.pickCode();
-  const bool fixedPick = pick == "T00" || pick == "T01" || pick == "T02" || pick == "T03";
-  if (fixedPick || pick == session().theOutlookProjectKey)
-    return {session().theOutlookProjectName, session().theOutlookProjectKey, pick == "T00"};
+  if (isFixedPick(pick) || pick == session().theOutlookProjectKey)
+    return {session().theOutlookProjectName, session().theOutlookProjectKey, pick == currentTasksPick};
   return {lists.theTaskPickName, lists.theTaskPickKey, false};
 }
 
@@ -37,13 +37,12 @@ class TaskImport {
     const std::string key = checked.Key();
     const std::string entryId = CStringBag(checked.Tag()).ReadItem(rowTag::entryId);
     checked.setChecked(false);
-    letEventsRun();
+    letEventsRunAttached();
     // What ran in between may have filled the list anew.
     if (!lists_.outlookList.Items().Exists(key)) return;
     SmartItem& row = lists_.outlookList.Items().Item(key);
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
-    const auto wrapper = platform().outlook.createSafeTaskItem();
-    wrapper->setItem(outlook::asTask(outlookNameSpace().GetItemFromID(entryId, folder->StoreID())));
+    const auto wrapper = safeItem(outlook::asTask(outlookNameSpace().GetItemFromID(entryId, folder->StoreID())));
     if (row.Picture() == rowPicture::tarnel)
       updateTask(row, *wrapper);
     else if (row.Picture() == rowPicture::outlook)
@@ -60,7 +59,7 @@ class TaskImport {
     if (!lists_.theTaskRows) lists_.refillTarnelList();
     const auto tasks = lists_.taskRows();
     tasks->Find("tskGUIDID", CStringBag(row.Tag()).ReadItem(rowTag::tarnelGuid));
-    if (tasks->atEOF() || tasks->atBOF()) return;
+    if (tasks->atEOF()) return;
     writeItemToTask(wrapper, *tasks, TaskRow::existing);
     tasks->UpdateBatch(ado::Affect::allChapters);
     ++updated_;
@@ -83,7 +82,7 @@ class TaskImport {
     item->UserProperties()->Add(rowTag::tarnelGuid, outlook::PropertyType::text)->setValue(guid);
     const std::string key = row.Key();
     row.setPicture(rowPicture::tarnel);
-    platform().desktop.doEvents();
+    letEventsRunAttached(1);
     linkRow(key, guid);
     item->Save();
   }
@@ -110,9 +109,8 @@ bool MakeUpdateOutlookTasksInTarnel(TaskLists& lists) {
     manageOutlookRef();  // out of reach shows at the first use
     forEachCheckedRow(lists.outlookList, [&](SmartItem& row) { run.take(row); });
     platform().desktop.doEvents();
-    const auto tasks = lists.taskRows();
-    tasks->UpdateBatch(ado::Affect::allChapters);
-    tasks->Close();
+    lists.taskRows()->UpdateBatch(ado::Affect::allChapters);
+    lists.closeRows();
 
     lists.tarnelList.Refresh();
     lists.outlookList.Refresh();

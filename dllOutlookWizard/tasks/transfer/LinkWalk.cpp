@@ -1,6 +1,7 @@
 #include "LinkWalk.h"
 
 #include "ClassFactory.h"
+#include "OutlookItems.h"
 #include "Platform.h"
 #include "StandardHandler.h"
 #include "TaskLists.h"
@@ -11,8 +12,7 @@ namespace {
 
 // The tag of the link property differs between stores, and only an item can be asked for it.
 std::int32_t linkPropertyTag(outlook::Items& items) {
-  const auto wrapper = platform().outlook.createSafeTaskItem();
-  wrapper->setItem(outlook::asTask(items.Item(1)));
+  const auto wrapper = safeItem(outlook::asTask(items.Item(1)));
   return wrapper->GetIDsFromNames(outlook::mapi::publicStrings, rowTag::tarnelGuid) | outlook::mapi::typeString8;
 }
 
@@ -30,7 +30,7 @@ void restrictToGuid(outlook::TableFilter& filter, std::int32_t tag, const std::s
 
 }  // namespace
 
-bool LinkedItem::isLive() const { return item && item->ParentName() != "Deleted Items"; }
+bool LinkedItem::isLive() const { return item && !isThrownAway(*item); }
 
 bool walkLinkedItems(const std::string& guid, const std::function<void(const LinkedItem&)>& visit) {
   const auto folder = outlookApplication().Session()->GetDefaultFolder(outlook::DefaultFolder::tasks);

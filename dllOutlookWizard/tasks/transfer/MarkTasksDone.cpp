@@ -1,5 +1,5 @@
-#include "ClassFactory.h"
 #include "Conversions.h"
+#include "OutlookItems.h"
 #include "Platform.h"
 #include "RowRuns.h"
 #include "SelectionQuestion.h"
@@ -47,8 +47,7 @@ bool MarkOutlookTasksAsDone(TaskLists& lists) {
       showAsDone(lists, textOrEmpty(task.Fields("tskGUIDID").Value()));
     };
     steps.changeItem = [](const std::shared_ptr<outlook::TaskItem>& item) {
-      const auto wrapper = platform().outlook.createSafeTaskItem();
-      wrapper->setItem(item);
+      const auto wrapper = safeItem(item);
       wrapper->Item()->setStatus(outlook::TaskStatus::complete);
       wrapper->Item()->Save();
     };
@@ -68,7 +67,7 @@ bool MarkTarnelTasksAsDone(TaskLists& lists) {
     steps.changeTask = [&](const SmartItem& row) {
       const auto tasks = lists.taskRows();
       tasks->Find("tskGUIDID", row.Key());
-      if (tasks->atEOF() || tasks->atBOF()) return;
+      if (tasks->atEOF()) return;
       setDone(*tasks);
       tasks->Update();
     };

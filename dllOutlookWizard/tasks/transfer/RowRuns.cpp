@@ -2,10 +2,9 @@
 
 #include "CStringBag.h"
 #include "CheckedRows.h"
-#include "ClassFactory.h"
 #include "Conversions.h"
 #include "LinkWalk.h"
-#include "Platform.h"
+#include "OutlookItems.h"
 #include "StandardHandler.h"
 #include "m_OutlookWizard.h"
 #include "manageOutlookRef.h"
@@ -32,7 +31,7 @@ class OutlookRowRun {
     const std::string key = row.Key();
     const bool isLinked = row.Picture() == rowPicture::tarnel;
     row.setChecked(false);
-    letEventsRun();  // may fill the list anew: the row itself is not to be touched any more
+    letEventsRunAttached();  // may fill the list anew: the row itself is not to be touched any more
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     outlookAnswered_ = true;
     const auto item = outlookNameSpace().GetItemFromID(entryId, folder->StoreID());
@@ -46,7 +45,7 @@ class OutlookRowRun {
     if (!lists_.theTaskRows) lists_.refillTarnelList();
     const auto tasks = lists_.taskRows();
     tasks->Find("tskGUIDID", guid);
-    if (!tasks->atEOF() && !tasks->atBOF()) steps_.changeTask(*tasks);
+    if (!tasks->atEOF()) steps_.changeTask(*tasks);
   }
 
   TaskLists& lists_;
@@ -66,9 +65,7 @@ void changeLinkedItems(TaskLists& lists, const SmartItem& row, const TarnelRowSt
   if (tag.ReadItem(rowTag::outlookId).empty()) return;
   walkLinkedItems(row.Key(), [&](const LinkedItem& match) {
     if (!match.isLive()) return;
-    const auto wrapper = platform().outlook.createSafeTaskItem();
-    wrapper->setItem(match.item);
-    completeItem(*wrapper->Item(), tag);
+    completeItem(*safeItem(match.item)->Item(), tag);
     steps.changeItem(match.item);
     SmartItems& shown = lists.outlookList.Items();
     if (shown.Exists(match.entryId)) shown.Remove(match.entryId);

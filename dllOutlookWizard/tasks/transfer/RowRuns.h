@@ -19,13 +19,15 @@ struct OutlookRowSteps {
 // anew at the end. Once an item could be asked for, a failure on a row passes on to the next one without a word.
 void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps);
 
-// Runs over the checked rows of the Tarnel list with the whole of TASKS open: `changeItem` for every live item that
-// bears the task's GUID, whose row then leaves the Outlook list, and `changeTask` behind that for each row. Completes
-// the items first: status, and the minutes that the row's tag holds. The Tarnel list is filled anew at the end.
+// What a command does for one checked row of the Tarnel list.
 struct TarnelRowSteps {
   std::function<void(const std::shared_ptr<outlook::TaskItem>& item)> changeItem;
   std::function<void(const SmartItem& row)> changeTask;
 };
+
+// Runs over the checked rows of the Tarnel list with the whole of TASKS open: `changeItem` for every live item that
+// bears the task's GUID, whose row then leaves the Outlook list, and `changeTask` behind that for each row. Completes
+// the items first: status, and the minutes that the row's tag holds. The Tarnel list is filled anew at the end.
 void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps);
 
 }  // namespace tarnel

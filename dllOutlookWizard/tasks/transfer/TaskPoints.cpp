@@ -34,12 +34,12 @@ bool isTrue(const Variant& flag) { return !flag.isNull() && toBoolean(flag); }
 
 std::int32_t possiblePoints(ado::Recordset& task) {
   const auto& points = session().thePointsTable;
-  std::int32_t sum = points[importancePoints + levelOr(task.Fields("tskImp").Value(), 1)];
+  std::int64_t sum = points[importancePoints + levelOr(task.Fields("tskImp").Value(), 1)];
   sum += points[difficultyPoints + levelOr(task.Fields("tskDifficulty").Value(), 0)];
   sum += points[timePoints + timeStep(task.Fields("tskTimeNeeded").Value())];
   if (isTrue(task.Fields("tskHasChecklist").Value())) sum += points[checklistPoints];
   if (isTrue(task.Fields("tskHasSchedule").Value())) sum += points[schedulePoints];
-  return sum;
+  return roundToLong(static_cast<double>(sum));
 }
 
 }  // namespace tarnel

@@ -21,7 +21,7 @@ inline constexpr std::size_t count = 6;
 // What the wizard form shares with its tabs.
 struct FormState {
   bool formLoading = false;  // change events of controls do nothing while it is set
-  bool formClosing = false;
+  bool formClosing = false;  // set once shown: unloading neither saves nor raises CloseWiz then
   Date formCurDate;
   std::array<float, meSize::count> meSizes{};  // twips, then shares
 };
