@@ -21,6 +21,13 @@ TEST(ConnectionString, quotedValuesHoldSemicolonsAndDoubledQuotes) {
             (Parts{{"A", "x;y"}, {"B", "it's"}, {"C", "he said \"so\""}, {"D", ""}}));
 }
 
+TEST(ConnectionString, aValueIsReadBackAsItWas) {
+  EXPECT_EQ(connectionValue("/a b/c.mdb"), "/a b/c.mdb");
+  for (const std::string value : {"", "a;b", "'a'", "\"a\";", " a ", "a=b"})
+    EXPECT_EQ(parseConnectionString("A=" + connectionValue(value) + ";B=1"), (Parts{{"A", value}, {"B", "1"}}))
+        << value;
+}
+
 TEST(ConnectionString, whatCanNotBeReadFails) {
   for (const char* text : {"A=\"open", "A='x'y;", "no value", "A='x''"})
     EXPECT_THROW(parseConnectionString(text), Failure) << text;

@@ -3,23 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "Conversions.h"
-#include "Failure.h"
+#include "FailureOf.h"
 #include "TaskDatabase.h"
 
 namespace tarnel::ado {
 namespace {
 
+using test::failureOf;
 using test::openBatch;
-
-template <class Act>
-std::int32_t failureOf(Act act) {
-  try {
-    act();
-  } catch (const Failure& failure) {
-    return failure.number();
-  }
-  return 0;
-}
 
 class RecordsetTest : public testing::Test {
  protected:
@@ -45,7 +36,7 @@ class RecordsetTest : public testing::Test {
   Recordset rows;
 };
 
-TEST_F(RecordsetTest, walksFromTheFirstRowToTheEndAndFailsThere) {
+TEST_F(RecordsetTest, walksFromTheFirstRowToTheEndAndFailsThereOrWhereThereIsNone) {
   openAll();
   EXPECT_EQ(rows.AbsolutePosition(), 1);
   EXPECT_EQ(walk(), "A-1 B-2 C-3 ");
@@ -54,9 +45,7 @@ TEST_F(RecordsetTest, walksFromTheFirstRowToTheEndAndFailsThere) {
   EXPECT_EQ(failureOf([&] { rows.MoveNext(); }), failure::noCurrentRecord);
   EXPECT_EQ(failureOf([&] { get("tskDesc"); }), failure::noCurrentRecord);
   EXPECT_EQ(failureOf([&] { set("tskDesc", "x"); }), failure::noCurrentRecord);
-}
-
-TEST_F(RecordsetTest, anEmptyRecordsetStandsAtBothEnds) {
+  rows.Close();
   open("SELECT * FROM TASKS WHERE tskGUIDID = 'none'");
   EXPECT_TRUE(rows.atBOF() && rows.atEOF());
   EXPECT_EQ(failureOf([&] { rows.MoveFirst(); }), failure::noCurrentRecord);
@@ -74,13 +63,6 @@ TEST_F(RecordsetTest, aClosedOneRefusesEverythingAndAnOpenOneASecondOpen) {
   EXPECT_EQ(failureOf([&] { rows.setLockType(LockType::readOnly); }), failure::objectOpen);
   rows.Close();
   EXPECT_EQ(rows.state(), State::closed);
-}
-
-TEST_F(RecordsetTest, columnsAreFoundWithoutRegardToCase) {
-  openAll();
-  EXPECT_EQ(rows.Fields("TSKoutENTITYid").Name(), "tskOUTEntityID");
-  EXPECT_EQ(failureOf([&] { rows.Fields("tskNothing"); }), failure::noSuchItem);
-  EXPECT_EQ(failureOf([&] { rows.Fields(rows.fieldCount()); }), failure::noSuchItem);
 }
 
 TEST_F(RecordsetTest, findLooksFromTheFirstRowAndLeavesAtTheEndWhenThereIsNone) {
@@ -150,9 +132,9 @@ TEST_F(RecordsetTest, aConflictWritesNothingAndLeavesAllRowsPending) {
   set("tskDesc", "mine");
   rows.MoveNext();
   set("tskDesc", "mine too");
-  database.run("UPDATE TASKS SET tskDesc = 'theirs' WHERE tskGUIDID = 'B-2'");
+  database.run("UPDATE TASKS SET tskDesc = 'PACK' WHERE tskGUIDID = 'B-2'");  // another one by its case alone
   EXPECT_EQ(failureOf([&] { rows.UpdateBatch(); }), failure::writeConflict);
-  EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS ORDER BY tskGUIDID"), "Pay rent\ntheirs\nCall\n");
+  EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS ORDER BY tskGUIDID"), "Pay rent\nPACK\nCall\n");
   EXPECT_EQ(get("tskDesc"), Variant("mine too"));
 
   rows.Resync(Affect::all, ResyncValues::underlying);
@@ -180,9 +162,12 @@ TEST_F(RecordsetTest, aChangeElsewhereInAnotherColumnIsNoConflict) {
   EXPECT_EQ(get("tskImp"), Variant(4)) << "the written row was read back";
 }
 
-TEST_F(RecordsetTest, columnsOfOneOriginChangeTogether) {
+TEST_F(RecordsetTest, columnsAreFoundInAnyCaseAndThoseOfOneOriginChangeTogether) {
   open("SELECT Tasks.tskStatus, Tasks.tskDesc, Tasks.tskStatus from TASKS WHERE tskGUIDID = 'A-1'");
   ASSERT_EQ(rows.fieldCount(), 3U);
+  EXPECT_EQ(rows.Fields("TSKdesc").Name(), "tskDesc");
+  EXPECT_EQ(failureOf([&] { rows.Fields("tskNothing"); }), failure::noSuchItem);
+  EXPECT_EQ(failureOf([&] { rows.Fields(3); }), failure::noSuchItem);
   rows.Fields(2).setValue(0);
   EXPECT_EQ(rows.Fields(0).Value(), Variant(0));
   rows.Fields("tskStatus").setValue(3);
@@ -263,6 +248,10 @@ TEST_F(RecordsetTest, sortAndFilterChooseWhatIsWalked) {
   rows.setFilter("");
   rows.setSort("");
   EXPECT_EQ(walk(), "A-1 B-2 C-3 ");
+  rows.setFilter("tskImp < 0.5");
+  EXPECT_EQ(walk(), "A-1 B-2 C-3 ") << "the number isn't rounded as the column would";
+  rows.Find("tskImp", 0.5);
+  EXPECT_TRUE(rows.atEOF());
 }
 
 TEST_F(RecordsetTest, filtersCompareDatesAndNumbers) {
@@ -292,14 +281,14 @@ TEST_F(RecordsetTest, resyncReadsChangesAndKeepsRowsThatAreGone) {
   openAll();
   set("tskDesc", "dropped");
   database.run("UPDATE TASKS SET tskDesc = 'theirs', tskImp = 3 WHERE tskGUIDID = 'A-1'");
-  database.run("DELETE FROM TASKS WHERE tskGUIDID = 'B-2'");
-  database.addTask("D-4");
+  database.run("DELETE FROM TASKS WHERE tskGUIDID = 'C-3'");
+  database.addTask("D-4");  // takes the engine's free row id
   rows.Resync();
   EXPECT_EQ(get("tskDesc"), Variant("theirs"));
   EXPECT_EQ(get("tskImp"), Variant(3));
   EXPECT_EQ(walk(), "A-1 B-2 C-3 ");
   rows.Requery();
-  EXPECT_EQ(walk(), "A-1 C-3 D-4 ");
+  EXPECT_EQ(walk(), "A-1 B-2 D-4 ");
 }
 
 TEST_F(RecordsetTest, aDisconnectedOneKeepsItsRowsAndWritesNoMore) {

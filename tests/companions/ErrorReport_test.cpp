@@ -15,6 +15,7 @@ TEST(ErrorReport, showsEachFailureKeepsTheFirstAndAppendsBoth) {
   errorReport.report({"TarnelOutWizard", "frmOutWiz", "SetupForm", "second", 91, 0, ""});
   EXPECT_EQ(platform.desktop.reports.size(), 2U);
   EXPECT_EQ(errorReport.first()->procedure, "GetDataKEY");
+  EXPECT_TRUE(errorReport.firstKept());
   const std::string written = test::contentsOf(file);
   EXPECT_EQ(written.substr(0, written.find("second")),
             "2026-11-19 08:30:00\n  project:   dllTarnel\n  module:    clsTaskList\n  procedure: GetDataKEY\n"
@@ -29,6 +30,7 @@ TEST(ErrorReport, fileThatCantBeWrittenStopsNothing) {
   ErrorReport errorReport(platform.desktop, platform.clock, blocked);
   errorReport.report({"P", "M", "F", "text", 1, 0, ""});
   EXPECT_EQ(platform.desktop.reports.size(), 1U);
+  EXPECT_FALSE(errorReport.firstKept());
 }
 
 }  // namespace

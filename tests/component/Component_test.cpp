@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -88,6 +89,18 @@ TEST_F(Component, onlyOneWizardStandsOnAThread) {
   TarnelResult elsewhere = TARNEL_OK;
   std::thread([&] { elsewhere = wizard.setUp(); }).join();
   EXPECT_EQ(elsewhere, TARNEL_WRONG_THREAD);
+}
+
+TEST_F(Component, nextWizardOnAScriptReadsOnWhereTheOneBeforeEnded) {
+  Wizard wizard(library, user);
+  user.home.write("commands", "key 27\nlist smtTaskList(0)\n");
+  const int commands = open((user.home / "commands").c_str(), O_RDONLY | O_CLOEXEC);
+  const int facts = open((user.home / "facts").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  EXPECT_EQ(wizard.control->UseScript(commands, facts), TARNEL_OK);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(wizard.setUp(), TARNEL_OK);
+  EXPECT_NE(contentsOf(user.home / "facts").find("File the tax return"), std::string::npos);
+  close(commands);
+  close(facts);
 }
 
 TEST_F(Component, handlerThatFailsIsReportedAndEndsTheWizard) {

@@ -5,6 +5,7 @@
 #include "SSSplitter.h"
 #include "SftTabs.h"
 #include "ctDropDate.h"
+#include "ctMDay.h"
 
 namespace tarnel {
 namespace {
@@ -39,7 +40,7 @@ TEST(SSSplitter, dragStopsAtTheSmallestPaneAndEndsOnce) {
   EXPECT_EQ(ends, 2);
 }
 
-TEST(SSResizer, anchoredControlsFollowTheirEdges) {
+TEST(SSResizer, anchoredControlsFollowTheirEdgesUnlessTheListenerLeavesThemAlone) {
   Control pane("pane"), fills("fills"), corner("corner");
   pane.Move(0, 0, 1000, 1000);
   fills.Move(10, 10, 900, 900);
@@ -48,29 +49,19 @@ TEST(SSResizer, anchoredControlsFollowTheirEdges) {
   resizer.attach(pane);
   resizer.anchor(fills, {.right = true, .bottom = true});
   resizer.anchor(corner, {.left = false, .top = false, .right = true, .bottom = true});
+  std::string log;
+  const Connection before = resizer.BeforeResize.connect([&](SSResizer&) { log += "before "; });
+  const Connection complete = resizer.ResizeComplete.connect([&] { log += "complete "; });
   pane.Move(50, 50, 1000, 1000);
   pane.Move(50, 50, 1200, 900);
   EXPECT_EQ(fills.placement(), (Placement{10, 10, 1100, 800}));
   EXPECT_EQ(corner.placement(), (Placement{1000, 700, 100, 100}));
-}
+  EXPECT_EQ(log, "before complete ") << "once for each change of size";
 
-TEST(SSResizer, reportsEachChangeOfSizeAndCanLeaveControlsAlone) {
-  Control pane("pane"), inside("inside");
-  pane.Move(0, 0, 1000, 1000);
-  inside.Move(0, 0, 1000, 1000);
-  SSResizer resizer("SSResizer1", 6);
-  resizer.attach(pane);
-  resizer.anchor(inside, {.right = true});
-  std::string log;
-  const Connection before = resizer.BeforeResize.connect([&](SSResizer& which) {
-    log += "before ";
-    which.setRepositioning(false);
-  });
-  const Connection complete = resizer.ResizeComplete.connect([&] { log += "complete "; });
-  pane.Move(9, 9, 1000, 1000);
-  pane.Move(9, 9, 2000, 1000);
-  EXPECT_EQ(log, "before complete ");
-  EXPECT_EQ(inside.Width(), 1000);
+  const Connection leaves = resizer.BeforeResize.connect([](SSResizer& which) { which.setRepositioning(false); });
+  pane.Move(50, 50, 2000, 900);
+  EXPECT_EQ(log, "before complete before complete ");
+  EXPECT_EQ(fills.Width(), 1100);
 }
 
 TEST(SftTabs, disabledTabIsForCodeAlone) {
@@ -97,6 +88,31 @@ TEST(ctDropDate, changeComesOnceADayAndForEachChoiceOfTheUser) {
   EXPECT_EQ(changes, 1);
   box.choose(Date::of(2026, 11, 19, 7, 0));
   EXPECT_EQ(changes, 2) << "what the user chooses counts, even the same day";
+}
+
+TEST(ctMDay, indexesStartAtOneAndMoveDownBehindARemoval) {
+  ctMDay day("ctDaySked", 0);
+  EXPECT_EQ(day.AppAdd(0, 60, 46345, "a", "k"), 1);
+  EXPECT_EQ(day.AppAdd(60, 120, 46345, "b", "k"), 2);
+  day.setAppTag(2, "tag of b");
+  day.AppRemove(1);
+  EXPECT_EQ(day.AppCount(), 1);
+  EXPECT_EQ(day.AppTag(1), "tag of b");
+  for (const std::int16_t index : std::initializer_list<std::int16_t>{-1, 0, 2}) {
+    EXPECT_THROW(day.AppTag(index), Failure);
+    EXPECT_THROW(day.AppRemove(index), Failure);
+    EXPECT_THROW(day.select(index), Failure);
+    EXPECT_THROW(day.setAppMarkImage(index, 3), Failure);
+  }
+  EXPECT_THROW(day.setTimeScale(5), Failure);
+}
+
+TEST(ctMDay, picturesAreNumberedFromOne) {
+  ctMDay day("ctDaySked", 0);
+  day.AddImage("OUTLOOK");
+  day.setUseImages(true);
+  EXPECT_EQ(day.image(1), "OUTLOOK");
+  EXPECT_EQ(day.image(0) + day.image(2), "");
 }
 
 }  // namespace

@@ -26,45 +26,40 @@ class LocateDatabaseTest : public testing::Test {
            platform.applicationFolder.path().string() +
            " in hopes of locating the originally installed datafile (TarnelData.mdb).";
   }
+  void arrange(const std::string& named, bool defaultIsThere) {
+    session().theszConnect.clear();
+    platform.desktop.messages.clear();
+    std::filesystem::remove(inFolder("TarnelSettings.txt"));
+    std::filesystem::remove(defaultDatabase);
+    if (!named.empty()) platform.applicationFolder.write("TarnelSettings.txt", settingsFor(named));
+    if (defaultIsThere) platform.applicationFolder.write("TarnelData.mdb", "any");
+  }
   using Texts = std::vector<std::string>;
 
   test::TestPlatform platform;
-  std::filesystem::path defaultDatabase = inFolder("TarnelData.mdb");
+  const std::string defaultDatabase = inFolder("TarnelData.mdb").string();
 };
 
-TEST_F(LocateDatabaseTest, makesTheSettingsFileAndTakesTheDatabaseBesideIt) {
-  platform.applicationFolder.write("TarnelData.mdb", "any");
-  EXPECT_TRUE(LocateDatabase());
-  EXPECT_EQ(settings(), settingsFor(defaultDatabase));
-  EXPECT_EQ(session().theszConnect, connect(defaultDatabase));
-  EXPECT_EQ(platform.desktop.messageTexts(), Texts{});
-}
-
-TEST_F(LocateDatabaseTest, takesTheDatabaseThatTheSettingsFileNames) {
-  const auto elsewhere = platform.applicationFolder.write("my tasks.db", "any");
-  platform.applicationFolder.write("TarnelSettings.txt", settingsFor(elsewhere));
-  EXPECT_TRUE(LocateDatabase());
-  EXPECT_EQ(session().theszConnect, connect(elsewhere));
-  EXPECT_EQ(settings(), settingsFor(elsewhere));
-}
-
-TEST_F(LocateDatabaseTest, tellsOnceOfAMissingDatabaseAndFallsBackToTheDefault) {
-  platform.applicationFolder.write("TarnelData.mdb", "any");
-  platform.applicationFolder.write("TarnelSettings.txt", settingsFor("/nowhere/gone.mdb"));
-  EXPECT_TRUE(LocateDatabase());
-  EXPECT_EQ(platform.desktop.messageTexts(), Texts{missing("/nowhere/gone.mdb")});
-  EXPECT_EQ(platform.desktop.messages.at(0).title, "Tarnel - Version 1.14");
+TEST_F(LocateDatabaseTest, takesTheDatabaseThatTheSettingsNameOrTellsAndFallsBackToTheDefault) {
+  const std::string elsewhere = platform.applicationFolder.write("my tasks.db", "any").string();
+  const std::string gone = "/nowhere/gone.mdb";
+  struct Case {
+    std::string named;  // in the settings file; empty for none
+    bool defaultIsThere;
+    std::string found;
+    Texts told;
+  };
+  for (const Case& c : {Case{"", true, defaultDatabase, {}},
+                        {elsewhere, false, elsewhere, {}},
+                        {gone, true, defaultDatabase, {missing(gone)}},
+                        {gone, false, "", {missing(gone), missing(defaultDatabase)}}}) {
+    arrange(c.named, c.defaultIsThere);
+    EXPECT_EQ(LocateDatabase(), !c.found.empty()) << c.named;
+    EXPECT_EQ(session().theszConnect, c.found.empty() ? "" : connect(c.found)) << c.named;
+    EXPECT_EQ(settings(), settingsFor(c.found == elsewhere ? elsewhere : defaultDatabase)) << c.named;
+    EXPECT_EQ(platform.desktop.messageTexts(), c.told) << c.named;
+  }
   EXPECT_EQ(platform.desktop.messages.at(0).icon, MessageIcon::critical);
-  EXPECT_EQ(settings(), settingsFor(defaultDatabase));
-  EXPECT_EQ(session().theszConnect, connect(defaultDatabase));
-}
-
-TEST_F(LocateDatabaseTest, tellsTwiceWhenTheDefaultIsMissingToo) {
-  platform.applicationFolder.write("TarnelSettings.txt", settingsFor("/nowhere/gone.mdb"));
-  EXPECT_FALSE(LocateDatabase());
-  EXPECT_EQ(platform.desktop.messageTexts(), (Texts{missing("/nowhere/gone.mdb"), missing(defaultDatabase)}));
-  EXPECT_EQ(settings(), settingsFor(defaultDatabase));
-  EXPECT_EQ(session().theszConnect, "");
 }
 
 TEST_F(LocateDatabaseTest, aSettingsFileWithoutItsTagsIsToldAndLeftAlone) {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "Conversions.h"
-#include "Failure.h"
-#include "OpenMode.h"
+#include <functional>
+
+#include "FailureOf.h"
 #include "TaskDatabase.h"
 #include "TestPlatform.h"
 #include "clsSettings.h"
@@ -17,6 +17,7 @@ namespace {
 
 using ado::CursorType;
 using ado::LockType;
+using test::failureOf;
 using RecordsetPtr = std::shared_ptr<ado::Recordset>;
 
 class RecordClassesTest : public testing::Test {
@@ -36,6 +37,19 @@ class RecordClassesTest : public testing::Test {
           report.project + " " + report.module + " " + report.procedure + " " + std::to_string(report.number) + "\n";
     return text;
   }
+  struct Mode {
+    CursorType cursor;
+    LockType lock;
+    bool isConnected = true;
+    bool operator==(const Mode&) const = default;
+  };
+  template <class Class, class Open>
+  Mode modeOf(Open open) {
+    Class records;
+    records.SetSQL("SELECT * FROM TASKS");
+    std::invoke(open, records, rst);
+    return {rst->cursorType(), rst->lockType(), failureOf([&] { rst->Requery(); }) == 0};
+  }
   std::string order() { return database.describe("SELECT tskGUIDID, tskCustSortCur FROM TASKS ORDER BY tskGUIDID"); }
 
   test::TestPlatform platform;
@@ -43,35 +57,32 @@ class RecordClassesTest : public testing::Test {
   RecordsetPtr rst;
 };
 
-TEST_F(RecordClassesTest, openAsTheirTableSays) {
-  clsSettings settings;
-  settings.SetSQL("SELECT * FROM Settings");
-  EXPECT_TRUE(settings.GetData(rst));
-  EXPECT_EQ(rst->cursorType(), CursorType::fixed);
-  EXPECT_EQ(rst->lockType(), LockType::batchOptimistic);
-
-  clsTaskAppts appointments;
-  appointments.SetSQL("SELECT * FROM TaskAPPTS");
-  appointments.SetSQLKey("SELECT * FROM TaskAPPTS WHERE taGUIDID = 'none'");
-  EXPECT_TRUE(appointments.GetData(rst));
-  EXPECT_EQ(rst->cursorType(), CursorType::dynamic);
-  const RecordsetPtr first = rst;
-  EXPECT_TRUE(appointments.GetData(rst));
-  EXPECT_NE(rst, first) << "a new recordset each time";
-  EXPECT_EQ(first->state(), ado::State::open);
-  EXPECT_TRUE(appointments.GetDataKEY(rst));
-  EXPECT_EQ(rst->lockType(), LockType::pessimistic);
+TEST_F(RecordClassesTest, eachOpensInItsModeAndProjectsStandAlone) {
+  const auto dataMember = [](auto& records, RecordsetPtr& opened) { records.Class_GetDataMember("Recordset", opened); };
+  const auto oneAppointment = [](clsTaskAppts& appointments, RecordsetPtr& opened) {
+    appointments.SetSQLKey("SELECT * FROM TaskAPPTS");
+    appointments.GetDataKEY(opened);
+  };
+  const Mode fixed{CursorType::fixed, LockType::batchOptimistic};
+  const Mode dynamic{CursorType::dynamic, LockType::batchOptimistic};
+  EXPECT_EQ(modeOf<clsSettings>(&clsSettings::GetData), fixed);
+  EXPECT_EQ(modeOf<clsVLProjectsList>(&clsVLProjectsList::GetData), (Mode{fixed.cursor, fixed.lock, false}));
+  EXPECT_EQ(modeOf<clsTaskAppts>(&clsTaskAppts::GetData), dynamic);
+  EXPECT_EQ(modeOf<clsTaskAppts>(oneAppointment), (Mode{CursorType::fixed, LockType::pessimistic}));
+  EXPECT_EQ(modeOf<clsTaskList>(&clsTaskList::GetDataKEY), dynamic);
+  EXPECT_EQ(modeOf<clsTaskList>(dataMember), dynamic);
+  EXPECT_EQ(modeOf<clsUtilCMD>(&clsUtilCMD::GetDataKEY), fixed);
+  EXPECT_EQ(modeOf<clsUtilCMD>(dataMember), fixed);
 }
 
-TEST_F(RecordClassesTest, projectsStandAlone) {
-  database.run("INSERT INTO PROJECTS VALUES ('P-1', 'Home')");
-  clsVLProjectsList projects;
-  projects.SetSQL("SELECT prjGUIDID, prjProject from PROJECTS ORDER BY prjProject");
-  ASSERT_TRUE(projects.GetData(rst));
-  EXPECT_EQ(rst->Fields("prjProject").Value(), Variant("Home"));
-  rst->Fields("prjProject").setValue("Garden");
-  EXPECT_THROW(rst->UpdateBatch(), Failure);
-  EXPECT_EQ(reports(), "");
+TEST_F(RecordClassesTest, eachReadingIsARecordsetOfItsOwn) {
+  clsTaskAppts appointments;
+  appointments.SetSQL("SELECT * FROM TaskAPPTS");
+  ASSERT_TRUE(appointments.GetData(rst));
+  const RecordsetPtr first = rst;
+  EXPECT_TRUE(appointments.GetData(rst));
+  EXPECT_NE(rst, first);
+  EXPECT_EQ(first->state(), ado::State::open);
 }
 
 TEST_F(RecordClassesTest, aTaskListServesOneStatementAndCountsOnce) {
@@ -117,23 +128,20 @@ TEST_F(RecordClassesTest, failuresAreReportedUnderTheClassAndLeaveAnEmptyRecords
             "dllTarnel clsUtilCMD GetRowCount 91\n");
 }
 
-TEST_F(RecordClassesTest, anEmptyConnectionIsLookedForAndThenFails) {
-  session().theszConnect.clear();
+TEST_F(RecordClassesTest, anEmptyConnectionAloneIsLookedForAndThenFails) {
   clsUtilCMD util;
   util.SetCMDSQL("DELETE FROM TASKS");
+  util.SetSQL("SELECT * FROM TASKS");
+  EXPECT_TRUE(util.GetDataKEY(rst));
+  EXPECT_FALSE(std::filesystem::exists(platform.applicationFolder / "TarnelSettings.txt"));
+
+  session().theszConnect.clear();
   EXPECT_EQ(util.doCMDExec(), 0);
   EXPECT_EQ(reports(), "dllTarnel clsUtilCMD doCMDExec 3709\n");
   EXPECT_EQ(platform.desktop.messages.size(), 2U);
 
   std::filesystem::copy_file(database.path, platform.applicationFolder / "TarnelData.mdb");
   EXPECT_EQ(util.doCMDExec(), 2);
-}
-
-TEST_F(RecordClassesTest, aGivenConnectionLeavesTheSettingsFileAlone) {
-  clsTaskList tasks;
-  tasks.SetSQL("SELECT * FROM TASKS");
-  EXPECT_TRUE(tasks.GetDataKEY(rst));
-  EXPECT_FALSE(std::filesystem::exists(platform.applicationFolder / "TarnelSettings.txt"));
 }
 
 TEST_F(RecordClassesTest, commandsGiveTheNumberOfRowsAndRunAgain) {
@@ -183,26 +191,23 @@ TEST_F(RecordClassesTest, customOrdersAreNumberedByTheStatementsOrder) {
   EXPECT_EQ(reports(), "");
 }
 
-TEST_F(RecordClassesTest, theDataMemberIsTheRecordset) {
+TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatement) {
   clsTaskList tasks;
   tasks.SetSQL("SELECT * FROM TASKS");
   tasks.Class_GetDataMember("Other", rst);
   EXPECT_EQ(rst, nullptr);
   tasks.Class_GetDataMember("Recordset", rst);
   const RecordsetPtr first = rst;
-  database.addTask("C-3");
   tasks.Class_GetDataMember("Recordset", rst);
+  EXPECT_NE(rst, first);
   EXPECT_EQ(first->state(), ado::State::closed);
-  EXPECT_EQ(tasks.GetRowCount(), 3);
 
   clsUtilCMD util;
   util.SetSQL("SELECT * FROM TASKS");
-  RecordsetPtr member, again;
-  util.Class_GetDataMember("Recordset", member);
-  util.Class_GetDataMember("Recordset", again);
-  ASSERT_NE(member, nullptr);
-  EXPECT_EQ(member, again);
-  EXPECT_EQ(member->cursorType(), CursorType::fixed);
+  util.Class_GetDataMember("Recordset", rst);
+  const RecordsetPtr kept = rst;
+  util.Class_GetDataMember("Recordset", rst);
+  EXPECT_EQ(rst, kept);
 }
 
 }  // namespace

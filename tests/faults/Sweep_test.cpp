@@ -44,7 +44,7 @@ const std::vector<Command>& commands() {
       {"sort", 90, {"choose smtSkedPickTasks SORTPICK \"To Do Order First to Last\""}, {}},
       onTasks("markInTarnel", 0, "0", "NONE"),
       onTasks("markInOutlook", 0, "1", "NONE"),
-      onTasks("copyTasks", 250, "0", "UPDATE"),
+      onTasks("copyTasks", 240, "0", "UPDATE"),
       onTasks("importTasks", 200, "1", "UPDATE"),
       onTasks("doneInTarnel", 170, "0", "MARKASDONE"),
       onTasks("doneInOutlook", 130, "1", "MARKASDONE"),
@@ -255,6 +255,8 @@ TEST_F(Sweep, runHeedsTheChecksAsTheyAreAtEachRowsTurn) {
   EXPECT_EQ(copied.find("reports"), std::string::npos) << "the second run left nothing checked\n" << copied;
   const std::string imported = interrupted("click smtTaskActions(1)", 5, "click smtTaskActions(1) NONE");
   EXPECT_EQ(imported.find("new Own"), std::string::npos) << "unchecked before its turn\n" << imported;
+  const std::string beside = interrupted("click smtTaskActions(1)", 5, "click smtTaskActions(0) UPDATE");
+  EXPECT_NE(beside.find("new Own"), std::string::npos) << "the other run let go of Outlook\n" << beside;
 }
 
 }  // namespace

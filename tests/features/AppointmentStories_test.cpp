@@ -48,8 +48,13 @@ const std::string original = "Calendar|Write|2026-11-19 09:00|2026-11-19 10:00|T
 TEST_F(AppointmentStories, copyMakesAnItemAndLaterCopiesWriteOverIt) {
   addAppt("A", "Write", "2026-11-19 09:00", "2026-11-19 10:00");
   addAppt("B", "Not marked", "2026-11-19 11:00", "2026-11-19 12:00");
-  EXPECT_EQ(toldOnTab("select 0 1\nclick smtApptActions(0) UPDATE\n"), "returned\n");
+  const auto copied = drive("tab 1\nselect 0 1\nclick smtApptActions(0) UPDATE\nsked 1\n");
+  EXPECT_EQ(told(copied), "returned\n");
   EXPECT_EQ(calendar() + links(), original + "A|A\nB|-\n");
+  const auto row = copied.reply("sked")["rows"][0];
+  EXPECT_EQ(row["key"], entryOf("Write"));
+  EXPECT_EQ(row["tag"], "ENTRYID=" + entryOf("Write") + "\tBRACKWELLTARNELGUID=A\t");
+  EXPECT_EQ(row["color"], 11791615);
   change("UPDATE TASKAPPTS SET taTaskDesc = 'Rewrite', taEndTime = '2026-11-20 01:30:00' WHERE taGUIDID = 'A'");
   EXPECT_EQ(toldOnTab("select 0 1\nclick smtApptActions(1) UPDATE\n"), "returned\n");
   EXPECT_EQ(calendar() + links(), "Calendar|Rewrite|2026-11-19 09:00|2026-11-20 01:30|Tarnel|A\nA|A\nB|-\n");
@@ -211,6 +216,9 @@ TEST_F(AppointmentStories, badRowsAndSettingsAreToldAndNothingIsHalfDone) {
     const auto result = drive("tab 1\n" + copyAll);
     EXPECT_EQ(told(result).substr(0, std::string(each.told).size()), each.told) << each.change << told(result);
     EXPECT_EQ(result.exitCode, 1) << each.change;
+    if (told(result).starts_with("reports: DisplayTaskAppts")) {
+      EXPECT_NE(result.output.find("(Task Appointment A, start 2026-11-19 09:00:00)"), std::string::npos);
+    }
     EXPECT_EQ(calendar(), "") << each.change;
     change("UPDATE Settings SET SetSettingValue = '255' WHERE SetSettingName = 'ApptColor'");
   }

@@ -19,6 +19,16 @@ class IntegrationStories : public test::Story {
   std::string modeInForce() {
     return rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'OutTaskSetting'");
   }
+  void outlookProject(const std::string& key) {
+    change("UPDATE Settings SET SetSettingValue = '" + key + "' WHERE SetSettingName = 'OutlookProject'");
+  }
+  // What came from Outlook, with the project whose key and name it bears.
+  std::string imported() {
+    return rows(
+        "SELECT tskDesc, prjProject FROM TASKS INNER JOIN PROJECTS ON tskProjectKey = prjGUIDID "
+        "WHERE tskProject = prjProject AND tskGUIDID <> 'A'");
+  }
+  std::string projects() { return rows("SELECT prjProject FROM PROJECTS ORDER BY prjProject"); }
   // The events alone, in their order, without the one that opens each run and the two that end it.
   static std::string events(const std::string& told) {
     std::string text;
@@ -32,7 +42,7 @@ class IntegrationStories : public test::Story {
   }
 };
 
-TEST_F(IntegrationStories, eachChangeOfTheTasksModeIsToldInItsOrderAndStored) {
+TEST_F(IntegrationStories, eachChangeOfTheTasksModeIsToldStoredAndMakesOrEndsTheProject) {
   const std::string prefs = "OutlookPrefsChanged ";
   const std::string import = "ImportFromOutlook ";
   const std::string off = "TurnOffOutlookCurrentTasks ";
@@ -46,24 +56,48 @@ TEST_F(IntegrationStories, eachChangeOfTheTasksModeIsToldInItsOrderAndStored) {
   for (int from = 0; from < 4; ++from) {
     for (int to = 0; to < 4; ++to) {
       inForce(from);
+      outlookProject("P1");  // with nothing in force the key leads nowhere
+      change("DELETE FROM PROJECTS WHERE prjProject = 'Outlook Tasks'");
+      if (from != 0) change("INSERT INTO PROJECTS VALUES ('P1', 'Outlook Tasks')");
       EXPECT_EQ(events(told(update(to))), expected[from][to]) << from << " to " << to;
       EXPECT_EQ(modeInForce(), std::to_string(to) + "\n") << from << " to " << to;
+      EXPECT_EQ(projects(), to == 0 ? "My Tasks\n" : "My Tasks\nOutlook Tasks\n") << from << " to " << to;
     }
   }
 }
 
 TEST_F(IntegrationStories, turningTasksOnImportsIntoTheOutlookProjectAndTurningThemOffMovesThem) {
+  change("UPDATE PROJECTS SET prjProject = 'Bob''s tasks'");
+  change("DELETE FROM Settings WHERE SetSettingName = 'OutlookProject'");
   addTask("A", "Current one");
   addItem("From outside");
   addItem("Linked", "GONE");
-  inForce(0);
-  told(update(3));
-  EXPECT_EQ(rows("SELECT tskDesc, tskProject FROM TASKS WHERE tskGUIDID <> 'A'"), "From outside|Outlook Tasks\n");
-  EXPECT_EQ(items().size(), 3U);  // the Current list went the other way
-  EXPECT_EQ(rows("SELECT prjProject FROM PROJECTS ORDER BY prjProject"), "My Tasks\nOutlook Tasks\n");
+  for (int i = 0; i < 2; ++i) {  // the second time the project is there
+    inForce(0);
+    told(update(3));
+    EXPECT_EQ(imported(), "From outside|Outlook Tasks\n");
+    EXPECT_EQ(items().size(), 3U) << "the Current list went the other way";
+    EXPECT_EQ(projects(), "Bob's tasks\nOutlook Tasks\n");
+  }
   told(update(0));
-  EXPECT_EQ(rows("SELECT tskDesc, tskProject FROM TASKS WHERE tskGUIDID <> 'A'"), "From outside|My Tasks\n");
-  EXPECT_EQ(rows("SELECT prjProject FROM PROJECTS"), "My Tasks\n");
+  EXPECT_EQ(imported(), "From outside|Bob's tasks\n");
+  EXPECT_EQ(projects(), "Bob's tasks\n");
+  EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'OutlookProject'"), "\n");
+}
+
+TEST_F(IntegrationStories, withNoOutlookProjectOrItselfForAnHeirNothingMoves) {
+  change("UPDATE PROJECTS SET prjGUIDID = 'p1', prjProject = 'Outlook Tasks'");
+  addTask("A", "From outside", {{"tskProjectKey", "'p1'"}, {"tskProject", "'Outlook Tasks'"}});
+  addTask("B", "Of no project", {{"tskProjectKey", "''"}, {"tskProject", "''"}});
+  for (const char* key : {"GONE", "P1"}) {
+    inForce(3);
+    outlookProject(key);
+    EXPECT_NE(told(update(0)).find("MOPKilled"), std::string::npos) << key;
+    EXPECT_EQ(rows("SELECT tskGUIDID, tskProjectKey, tskProject FROM TASKS ORDER BY tskGUIDID"),
+              "A|p1|Outlook Tasks\nB||\n")
+        << key;
+    EXPECT_EQ(projects(), "Outlook Tasks\n") << key;
+  }
 }
 
 TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
@@ -76,15 +110,17 @@ TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   EXPECT_EQ(modeInForce(), "0\n");
 }
 
-TEST_F(IntegrationStories, aTransitionThatFailsIsReportedAndSavesNothing) {
-  change("UPDATE Settings SET SetSettingValue = 'P1' WHERE SetSettingName = 'OutlookProject'");
+TEST_F(IntegrationStories, aTransitionThatFailsIsReportedBeforeTheHostHearsOfItAndSavesNothing) {
+  outlookProject("P1");
   change("DELETE FROM PROJECTS");
   change("INSERT INTO PROJECTS VALUES ('P1', 'Outlook Tasks')");  // there is no other that its tasks could go to
-  const std::string text = told("resize 9000 7000\n" + update(0));
-  EXPECT_NE(text.find("reports: smtActions_Click"), std::string::npos) << text;
-  EXPECT_EQ(text.find("event: MOPKilled"), std::string::npos) << text;
-  EXPECT_EQ(modeInForce(), "2\n");
-  EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'meWidth'"), "8400\n");
+  const std::string toldHost = "event: UpdateOutlookSettings newAppt=2 newProfile=\"\" newTask=0\n";
+  for (const int from : {1, 2, 3}) {
+    inForce(from);
+    EXPECT_EQ(told("resize 9000 7000\n" + update(0)), toldHost + "reports: smtActions_Click 91\nfailed\n") << from;
+    EXPECT_EQ(modeInForce(), std::to_string(from) + "\n");
+    EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'meWidth'"), "8400\n");
+  }
 }
 
 TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {

@@ -16,17 +16,20 @@ class MailboxCommands : public testing::Test {
   }
 
   ProgramRun run;
+  // A task, and a series of which one occurrence was moved.
   const std::string calendar =
       "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:x\r\n"
       "BEGIN:VTODO\r\nUID:1\r\nDTSTAMP:20260101T000000Z\r\nSUMMARY:Pay rent\r\nDUE;VALUE=DATE:20261201\r\nEND:VTODO\r\n"
       "BEGIN:VEVENT\r\nUID:2\r\nDTSTAMP:20260101T000000Z\r\nSUMMARY:Talk\r\nDTSTART:20261119T090000\r\n"
-      "DTEND:20261119T100000\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+      "DTEND:20261119T100000\r\nRRULE:FREQ=WEEKLY;COUNT=3\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:2\r\nDTSTAMP:20260101T000000Z\r\nRECURRENCE-ID:20261126T090000\r\nSUMMARY:Talk moved\r\n"
+      "DTSTART:20261126T110000\r\nDTEND:20261126T120000\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
 };
 
 TEST_F(MailboxCommands, importedTwiceIsThereOnceAndComesBackFromAnExport) {
   run.home.write("in.ics", calendar);
-  EXPECT_EQ(run("mailbox import in.ics --mailbox a.mailbox").output, "2 added, 0 updated, 0 unchanged, 0 skipped\n");
-  EXPECT_EQ(run("mailbox --mailbox a.mailbox import in.ics").output, "0 added, 0 updated, 2 unchanged, 0 skipped\n");
+  EXPECT_EQ(run("mailbox import in.ics --mailbox a.mailbox").output, "3 added, 0 updated, 0 unchanged, 0 skipped\n");
+  EXPECT_EQ(run("mailbox --mailbox a.mailbox import in.ics").output, "0 added, 0 updated, 3 unchanged, 0 skipped\n");
   const json task = items()[0];
   EXPECT_EQ(task["kind"], "task");
   EXPECT_EQ(task["dueDate"], "2026-12-01 00:00:00");
@@ -34,22 +37,34 @@ TEST_F(MailboxCommands, importedTwiceIsThereOnceAndComesBackFromAnExport) {
   EXPECT_EQ(items()[1]["start"], "2026-11-19 09:00:00");
   EXPECT_EQ(run("mailbox export out.ics --mailbox a.mailbox").exitCode, 0);
   EXPECT_EQ(run("mailbox import out.ics --mailbox b.mailbox").exitCode, 0);
-  EXPECT_EQ(items("--mailbox b.mailbox").size(), 2U);
+  EXPECT_EQ(items("--mailbox b.mailbox").size(), 3U);
 }
 
-TEST_F(MailboxCommands, itemsAreMovedDeletedAndForGoodFromDeletedItems) {
+TEST_F(MailboxCommands, itemsAreMovedWhereTheyBelongDeletedAndForGoodFromDeletedItems) {
   run.home.write("in.ics", calendar);
   run("mailbox import in.ics --mailbox a.mailbox");
+  const auto move = [this](const std::string& entryAndFolder) {
+    return run("mailbox move " + entryAndFolder + " --mailbox a.mailbox");
+  };
   const std::string entry = items()[0]["entryId"];
   EXPECT_EQ(run("mailbox delete " + entry + " --mailbox a.mailbox").exitCode, 0);
   EXPECT_EQ(items()[0]["folder"], "Deleted Items");
-  EXPECT_EQ(run("mailbox move " + entry + " Tasks --mailbox a.mailbox").exitCode, 0);
+  EXPECT_EQ(move(entry + " tasks").exitCode, 0);
   EXPECT_EQ(items()[0]["folder"], "Tasks");
-  EXPECT_EQ(run("mailbox move " + entry + " Calendar --mailbox a.mailbox").exitCode, 1);
+
+  const std::string occurrence = items()[2]["entryId"];
+  const std::pair<std::string, const char*> refused[] = {
+      {entry + " Calendar", "items of another kind"},
+      {entry + " Attic", "no folder \"Attic\""},
+      {occurrence + " 'Deleted Items'", "one occurrence of a series"}};
+  for (const auto& [entryAndFolder, words] : refused) {
+    const ProgramResult result = move(entryAndFolder);
+    EXPECT_EQ(result.exitCode, 1) << words;
+    EXPECT_NE(result.errors.find(words), std::string::npos) << result.errors;
+  }
   EXPECT_EQ(run("mailbox delete garbage --mailbox a.mailbox").exitCode, 1);
-  run("mailbox delete " + entry + " --mailbox a.mailbox");
-  run("mailbox delete " + entry + " --mailbox a.mailbox");
-  EXPECT_EQ(items().size(), 1U);
+  for (int i = 0; i < 2; ++i) run("mailbox delete " + entry + " --mailbox a.mailbox");
+  EXPECT_EQ(items().size(), 2U);
 }
 
 TEST_F(MailboxCommands, profileNamesAMailboxUntilItIsRemoved) {
@@ -61,13 +76,6 @@ TEST_F(MailboxCommands, profileNamesAMailboxUntilItIsRemoved) {
   EXPECT_EQ(run("profile remove 'A & B'").exitCode, 0);
   EXPECT_EQ(run("mailbox list --profile 'A & B'").exitCode, 1);
   EXPECT_TRUE(std::filesystem::exists(run.home / "a.mailbox"));
-}
-
-TEST_F(MailboxCommands, demoNeverTouchesAMailboxThatIsThere) {
-  run.home.write("m", "precious");
-  EXPECT_EQ(run("new tasks.db --demo --mailbox m").exitCode, 1);
-  EXPECT_EQ(test::contentsOf(run.home / "m"), "precious");
-  EXPECT_FALSE(std::filesystem::exists(run.home / "tasks.db"));
 }
 
 }  // namespace

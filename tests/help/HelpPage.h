@@ -15,7 +15,6 @@ class RecordedOutput : public DocumentOutput {
  public:
   std::vector<Document> jobs;
   std::vector<std::string> names;
-  std::vector<Document> previews;
   bool failing = false;
 
   void print(const Document& document, const std::string& jobName) override {
@@ -24,16 +23,15 @@ class RecordedOutput : public DocumentOutput {
     jobs.push_back(document);
     names.push_back(jobName);
   }
-  void preview(const Document& document) override { previews.push_back(document); }
+  void preview(const Document&) override {}
 };
 
-// The popup on topic 250, in a help folder with two pages.
+// The popup on topic 250, in a help folder with its page alone.
 class ShownHelp {
  public:
   ShownHelp() {
     std::filesystem::create_directories(folder());
     platform.applicationFolder.write("help/POP-OUTLOOKINTEGRATE.htm", "<p>Topic");
-    platform.applicationFolder.write("help/other.htm", "<p>Other");
     form->load();
     form->Setup(250);
     settings();

@@ -8,17 +8,14 @@ namespace {
 
 using test::ShownHelp;
 
-const std::string statesOneToFive = "EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 ";
-const std::string end = "AfterOutput EditorState5 FinishDocument EditorState4 ";
-
 TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   ShownHelp help;
   help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT");
   EXPECT_EQ(help.calls,
             "SetPageText SetPageMargins EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 "
-            "EditorState6 htmlimgdir LoadHtmlFile AfterLoad PrintDocument " +
-                end);
+            "EditorState6 htmlimgdir LoadHtmlFile AfterLoad PrintDocument AfterOutput EditorState5 FinishDocument "
+            "EditorState4 ");
   ASSERT_EQ(help.output->jobs.size(), 1U);
   const Document& job = help.output->jobs[0];
   EXPECT_EQ(help.output->names[0], "Print");
@@ -37,15 +34,11 @@ TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   EXPECT_TRUE(help.platform.errorReport.reports.empty());
 }
 
-TEST(HelpPrintJob, previewKeepsTheFooterAndOpensNoPrinter) {
+TEST(HelpPrintJob, previewAsksItsOwnQuestionAndPrintsNothing) {
   ShownHelp help;
   help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT", "PRINTPREVIEW");
-  EXPECT_EQ(help.calls,
-            "SetPageText SetPageMargins EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 "
-            "EditorState6 htmlimgdir LoadHtmlFile AfterLoad PreviewDocument " +
-                end);
-  EXPECT_EQ(help.output->previews.at(0).footer, "{newline}{line}{Left}Tarnel - Version 9{Right}{PageNum}");
+  EXPECT_NE(help.calls.find("AfterLoad PreviewDocument AfterOutput"), std::string::npos) << help.calls;
   EXPECT_TRUE(help.output->jobs.empty());
   EXPECT_EQ(help.platform.desktop.messageTexts(),
             std::vector<std::string>{"Print Preview this help topic? It may take a moment or two to prepare."});
@@ -62,15 +55,6 @@ TEST(HelpPrintJob, entryAndParentPrintAlikeAndNoDoesNothing) {
   EXPECT_EQ(help.platform.desktop.pointers.size(), 2U);
 }
 
-TEST(HelpPrintJob, thePageReachedThroughALinkIsThePrintedOne) {
-  ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
-  help.browser().followLink("other.htm");
-  help.click("PRINT");
-  EXPECT_EQ(help.output->jobs.at(0).html, "<p>Other");
-  EXPECT_EQ(help.form->helpPagePath(), help.folder() / "other.htm");
-}
-
 TEST(HelpPrintJob, settingsAreReadAfreshForEachJob) {
   ShownHelp help;
   help.settings("2.5", "--Date Time--", "end");
@@ -82,19 +66,6 @@ TEST(HelpPrintJob, settingsAreReadAfreshForEachJob) {
   EXPECT_EQ(help.output->jobs.at(1).footer, "{newline}{line}{Left}11/20/2026 09:45{Right}end");
 }
 
-TEST(HelpPrintJob, emptySettingsAreReportedAndThePagePrintsAllTheSame) {
-  ShownHelp help;
-  help.form->setHelpPrinterSettings("");
-  help.platform.desktop.answers = {MessageAnswer::yes};
-  help.click("PRINT");
-  ASSERT_EQ(help.platform.errorReport.reports.size(), 1U);
-  const FailureReport& report = help.platform.errorReport.reports[0];
-  EXPECT_EQ(report.project + "." + report.module + "." + report.procedure, "TarnelExportExcel.frmPopHelp.MakeHelpHTML");
-  EXPECT_EQ(report.number, failure::typeMismatch);
-  EXPECT_EQ(help.output->jobs.at(0).margins, PageMargins{});
-  EXPECT_EQ(help.output->jobs.at(0).footer, "{newline}{line}{Left}{Right}");
-}
-
 TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
   const auto failing = [](const char* what, auto breakIt) {
     ShownHelp help;
@@ -102,7 +73,10 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
     help.platform.desktop.answers = {MessageAnswer::yes};
     help.click("PRINT");
     ASSERT_EQ(help.platform.errorReport.reports.size(), 1U) << what;
-    EXPECT_EQ(help.platform.errorReport.reports[0].procedure, "smtAction_Click") << what;
+    const FailureReport& report = help.platform.errorReport.reports[0];
+    EXPECT_EQ(report.project + "." + report.module + "." + report.procedure,
+              "TarnelExportExcel.frmPopHelp.smtAction_Click")
+        << what;
     EXPECT_EQ(help.platform.desktop.mousePointer(), MousePointer::standard) << what;
     EXPECT_FALSE(help.form->isLoaded()) << what;
   };

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "ProgramRun.h"
 #include "SqliteProvider.h"
 
@@ -28,11 +30,16 @@ TEST_F(Program, newMakesADatabaseThatTheWizardOpensOn) {
   const ProgramResult empty = drive("list smtTaskList(0)\nshow\n");
   EXPECT_EQ(empty.exitCode, 0) << empty.errors;
   EXPECT_TRUE(empty.reply("list")["items"].empty());
-  EXPECT_EQ(empty.reply("show")["meSizes"].size(), 6U);
+  const auto shown = empty.reply("show");
+  EXPECT_EQ(shown["tab"], 0);
+  EXPECT_EQ(shown["panel"], 1);
+  EXPECT_EQ(shown["header"].get<std::string>().find("Select and copy Tasks to and from Outlook"), 0U);
+  EXPECT_EQ(shown["form"], R"({"name":"frmOutWiz","left":3705,"top":1000,"width":8400,"height":6000})"_json);
   EXPECT_EQ(empty.facts().back(), R"({"returned":true})"_json);
   EXPECT_EQ(count("TASKS"), "0");
   EXPECT_EQ(count("Settings WHERE SetSettingSection='DateFormats'"), "44");
-  EXPECT_EQ(count("Settings WHERE SetSettingSection='OutWizard'"), "6") << "made by the wizard's first start";
+  const std::string values = "SetSettingValue IN ('3705', '1000', '8400', '5805', '0.5')";
+  EXPECT_EQ(count("Settings WHERE SetSettingSection='OutWizard' AND " + values), "6") << "made by the first start";
 }
 
 TEST_F(Program, demoShowsCurrentOpenTasksMostPointsFirst) {
@@ -48,12 +55,39 @@ TEST_F(Program, demoShowsCurrentOpenTasksMostPointsFirst) {
   EXPECT_EQ(items[10]["caption"], "Sow tomatoes && basil");
 }
 
-TEST_F(Program, newNeverTouchesAFileThatIsThere) {
-  run.home.write("tasks.db", "precious");
-  const ProgramResult result = run("new tasks.db --demo");
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_NE(result.errors.find("tasks.db\" exists already"), std::string::npos) << result.errors;
-  EXPECT_EQ(test::contentsOf(run.home / "tasks.db"), "precious");
+TEST_F(Program, demoShowsOpenOutlookTasksLinkedOnesByTheirPicture) {
+  run("new tasks.db --demo");
+  std::map<std::string, std::string> pictures;
+  const auto list = drive("list smtTaskList(1)\n").reply("list");
+  for (const auto& item : list["items"]) pictures[item["caption"]] = item["picture"];
+  EXPECT_EQ(pictures["File the tax return"], "Tarnel");
+  EXPECT_EQ(pictures["Order business cards"], "OUTLOOK");
+  EXPECT_FALSE(pictures.contains("Hand in the travel expenses")) << "it is done";
+}
+
+TEST_F(Program, newNeverTouchesADatabaseOrAMailboxThatIsThere) {
+  for (const std::string there : {"a.db", "a.mailbox"}) {
+    run.home.write(there, "precious");
+    const ProgramResult result = run("new a.db --demo --mailbox a.mailbox");
+    EXPECT_EQ(result.exitCode, 1) << there;
+    EXPECT_NE(result.errors.find(there + "\" exists already"), std::string::npos) << result.errors;
+    EXPECT_EQ(test::contentsOf(run.home / there), "precious");
+    std::filesystem::remove(run.home / there);
+    EXPECT_FALSE(std::filesystem::exists(run.home / "a.db") || std::filesystem::exists(run.home / "a.mailbox"));
+  }
+}
+
+TEST_F(Program, wizardMakesTheUsersOwnDatabaseWithItsFirstUse) {
+  const std::string noScreen = "unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; ";
+  EXPECT_NE(std::system((noScreen + run.shellCommand("wizard 2>errors")).c_str()), 0);
+  EXPECT_TRUE(std::filesystem::exists(run.home / "tarnel/TarnelData.db")) << test::contentsOf(run.home / "errors");
+}
+
+TEST_F(Program, lostOutputIsAFailure) {
+  for (const char* command : {"new", "drive", "--help"}) {
+    EXPECT_NE(std::system((run.shellCommand(command) + " </dev/null >/dev/full 2>errors").c_str()), 0) << command;
+    EXPECT_NE(test::contentsOf(run.home / "errors").find("output can't be written"), std::string::npos) << command;
+  }
 }
 
 TEST_F(Program, wrongUsageIsCodeTwoAndHelpIsNone) {

@@ -23,7 +23,7 @@ class BadFilesTest : public MailboxTest {
 };
 
 TEST_F(BadFilesTest, whatIsNoSoundMailboxFailsByNameAndIsNotTouched) {
-  const std::string sound = read(path_);
+  const std::string sound = test::contentsOf(path_);
   std::string newer = sound, damaged = sound;
   newer[63] = 2;
   for (std::size_t i = 4096; i < damaged.size(); ++i) damaged[i] = static_cast<char>(i * 7);
@@ -34,23 +34,23 @@ TEST_F(BadFilesTest, whatIsNoSoundMailboxFailsByNameAndIsNotTouched) {
     return other;
   }());
   const std::vector<std::pair<std::filesystem::path, std::string>> bad = {
-      {write("text", "Dear diary, " + std::string(500, 'x')), "no mailbox"},
-      {write("empty", ""), "no mailbox"},
+      {folder_.write("text", "Dear diary, " + std::string(500, 'x')), "no mailbox"},
+      {folder_.write("empty", ""), "no mailbox"},
       {folder_ / "other", "no mailbox"},
-      {write("cut", sound.substr(0, sound.size() - 1)), "cut short"},
-      {write("head", sound.substr(0, 100)), "cut short"},
-      {write("newer", newer), "it has version 2, and this program knows versions up to 1"},
-      {write("damaged", damaged), "damaged"}};
+      {folder_.write("cut", sound.substr(0, sound.size() - 1)), "cut short"},
+      {folder_.write("head", sound.substr(0, 100)), "cut short"},
+      {folder_.write("newer", newer), "it has version 2, and this program knows versions up to 1"},
+      {folder_.write("damaged", damaged), "damaged"}};
   for (const auto& [path, problem] : bad) {
-    const std::string before = read(path);
+    const std::string before = test::contentsOf(path);
     const std::string told = opening(path);
     EXPECT_TRUE(contains(told, "440: The mailbox \"" + path.string() + "\" can't be used: ")) << told;
     EXPECT_TRUE(contains(told, problem));
-    EXPECT_EQ(read(path), before) << path;
+    EXPECT_EQ(test::contentsOf(path), before) << path;
     EXPECT_FALSE(std::filesystem::exists(path.string() + "-wal")) << path;
   }
   EXPECT_TRUE(contains(opening(folder_ / "missing"), "no such file"));
-  EXPECT_TRUE(contains(opening(folder_), "it is no file"));
+  EXPECT_TRUE(contains(opening(folder_.path()), "it is no file"));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "missing"));
 }
 
@@ -61,9 +61,9 @@ TEST_F(BadFilesTest, aProtectedFileOrFolderFailsAlsoInTheMiddle) {
   EXPECT_TRUE(contains(failureOf([&] { task->Save(); }), "write-protected"));
   EXPECT_TRUE(contains(opening(path_), "the file is write-protected"));
   chmod(path_.c_str(), 0644);
-  chmod(folder_.c_str(), 0555);
+  chmod(folder_.path().c_str(), 0555);
   EXPECT_TRUE(contains(opening(path_), "its folder is write-protected"));
-  chmod(folder_.c_str(), 0755);
+  chmod(folder_.path().c_str(), 0755);
   task->Save();
   EXPECT_EQ(itemsOf(*outlook, tasksFolder)->Count(), 1);
 }
@@ -96,11 +96,11 @@ TEST_F(BadFilesTest, aLockedMailboxFailsWithoutHanging) {
 }
 
 TEST_F(BadFilesTest, createMakesAWholeFileOrNone) {
-  const std::string before = read(path_);
+  const std::string before = test::contentsOf(path_);
   EXPECT_TRUE(contains(failureOf([&] { createMailbox(path_); }), "exists already"));
-  EXPECT_EQ(read(path_), before);
-  EXPECT_TRUE(contains(failureOf([&] { createMailbox(folder_ / "no" / "where"); }), "can't be created"));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 1);
+  EXPECT_EQ(test::contentsOf(path_), before);
+  EXPECT_TRUE(contains(failureOf([&] { createMailbox(folder_ / "no/where"); }), "can't be created"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1);
 }
 
 }  // namespace

@@ -1,38 +1,27 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "Application.h"
 #include "Failure.h"
+#include "FixedClock.h"
 #include "Mailbox.h"
 #include "MailboxFile.h"
 #include "OutlookFactory.h"
 #include "Redemption.h"
+#include "TempFolder.h"
 
 namespace tarnel::mailbox {
-
-struct FixedClock : Clock {
-  Date now() const override { return Date::of(2026, 11, 19, 9, 10); }
-};
 
 // A folder of its own for each test, with one empty mailbox in it, and Outlook logged on to it.
 class MailboxTest : public testing::Test {
  protected:
-  MailboxTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "mailbox-test-XXXXXX").string();
-    folder_ = mkdtemp(name.data());
-    path_ = folder_ / "mail.tarnelmail";
-    createMailbox(path_);
-  }
-  ~MailboxTest() override { std::filesystem::remove_all(folder_); }
+  MailboxTest() { createMailbox(path_); }
 
   OutlookFactory factory() {
     const auto profiles = [this](const std::string& profile) -> std::optional<std::filesystem::path> {
@@ -48,19 +37,9 @@ class MailboxTest : public testing::Test {
   }
   std::shared_ptr<Mailbox> openMailbox() { return std::make_shared<Mailbox>(path_, Locale(), clock_); }
 
-  std::filesystem::path write(const std::string& name, const std::string& contents) {
-    std::ofstream(folder_ / name, std::ios::binary) << contents;
-    return folder_ / name;
-  }
-  static std::string read(const std::filesystem::path& path) {
-    std::ostringstream contents;
-    contents << std::ifstream(path, std::ios::binary).rdbuf();
-    return contents.str();
-  }
-
-  std::filesystem::path folder_;
-  std::filesystem::path path_;
-  FixedClock clock_;
+  test::TempFolder folder_;
+  std::filesystem::path path_ = folder_ / "mail.tarnelmail";
+  test::FixedClock clock_;
 };
 
 // "number: text" of the failure that `work` ends in; "none" when it ends well.

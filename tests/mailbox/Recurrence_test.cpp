@@ -176,6 +176,26 @@ TEST_F(SeriesTest, daysAndLongOccurrencesAreFoundOnEachDayThatTheyTouch) {
   EXPECT_EQ(day(Date::of(2026, 11, 6)), "");
 }
 
+TEST_F(SeriesTest, withoutARuleItTakesPlaceAtItsStartToo) {
+  import(
+      "BEGIN:VEVENT\r\nUID:two\r\nDTSTART:20261119T090000\r\nDURATION:PT1H\r\nRDATE:20261214T090000\r\n"
+      "SUMMARY:Two\r\nEND:VEVENT\r\n");
+  EXPECT_EQ(day(Date::of(2026, 11, 19)) + ", " + day(Date::of(2026, 12, 14)), "09:00-10:00 Two, 09:00-10:00 Two");
+}
+
+TEST_F(SeriesTest, anExceptionMayNameItsDayOrAMomentOfIt) {
+  import(
+      "BEGIN:VEVENT\r\nUID:call\r\nDTSTART:20261112T090000\r\nDURATION:PT1H\r\nRRULE:FREQ=WEEKLY\r\n"
+      "SUMMARY:Call\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:call\r\nRECURRENCE-ID;VALUE=DATE:20261119\r\nDTSTART:20261119T110000\r\n"
+      "DURATION:PT1H\r\nSUMMARY:Later\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:day\r\nDTSTART;VALUE=DATE:20261113\r\nRRULE:FREQ=WEEKLY\r\nSUMMARY:Day\r\nEND:VEVENT\r\n"
+      "BEGIN:VEVENT\r\nUID:day\r\nRECURRENCE-ID:20261120T100000\r\nDTSTART;VALUE=DATE:20261120\r\nSUMMARY:Other\r\n"
+      "END:VEVENT\r\n");
+  EXPECT_EQ(day(Date::of(2026, 11, 19)), "11:00-12:00 Later");
+  EXPECT_EQ(day(Date::of(2026, 11, 20)), "00:00-00:00 Other");
+}
+
 TEST_F(SeriesTest, anOpenSpanStaysFinite) {
   import(standup);
   auto items = itemsOf(*outlook_, calendarFolder);

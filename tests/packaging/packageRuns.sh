@@ -19,7 +19,7 @@ dpkg-deb -x "$package" "$root"
 man -l --warnings "$root/usr/share/man/man1/tarnel.1" >/dev/null 2>"$work/warnings"
 [ ! -s "$work/warnings" ] || { cat "$work/warnings"; fail "the man page has faults"; }
 for file in share/applications/tarnel.desktop share/icons/hicolor/scalable/apps/tarnel.svg \
-  include/tarnel/TarnelOutWizard.idl lib/tarnel/help/helpindex.htm; do
+  share/doc/tarnel/copyright include/tarnel/TarnelOutWizard.idl lib/tarnel/help/helpindex.htm; do
   [ -s "$root/usr/$file" ] || fail "$file is missing"
 done
 

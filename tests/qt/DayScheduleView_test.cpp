@@ -83,10 +83,14 @@ TEST_F(DaySchedule, onlyTheDaysHoursAreShown) {
 
 TEST_F(DaySchedule, clickAndSpaceSelectWhatIsThere) {
   std::vector<int> selected;
-  const Connection onSelect = form.left.AppSelect.connect([&](std::int16_t index) { selected.push_back(index); });
+  const Connection onSelect = form.left.AppSelect.connect([&](std::int16_t index) {
+    selected.push_back(index);
+    form.left.setAppMarkImage(index, 1);
+  });
   form.left.AppAdd(600, 660, day, "Second", "");
   form.left.AppAdd(540, 600, day, "First", "");
   click(left(), 1);
+  EXPECT_TRUE(left().accessibleDescription().contains("selected"));
   left().setFocus();
   QTest::keyClick(&left(), Qt::Key_Up);
   EXPECT_EQ(left().current(), 2);

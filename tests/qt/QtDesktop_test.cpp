@@ -9,11 +9,14 @@
 #include <QTimer>
 #include <filesystem>
 #include <sstream>
+#include <thread>
 
+#include "DemoForm.h"
 #include "Failure.h"
 #include "PictureDesktop.h"
 #include "ProgressWindow.h"
-#include "ShownForm.h"
+#include "QtApplication.h"
+#include "Twips.h"
 
 namespace tarnel::qt {
 namespace {
@@ -152,6 +155,42 @@ TEST(Progress, abandonedRunLosesItsBarWithTheNextRoundOfTheLoop) {
   EXPECT_EQ(progress.window(), nullptr);
 }
 
+TEST(QtApplication, refusedStartLeavesTheEnvironmentAsItWas) {
+  qputenv("QT_QPA_PLATFORM", "of the host");
+  std::thread([] {
+    int count = 0;
+    EXPECT_THROW(QtApplication(QtApplication::WithoutScreen{}, count, nullptr), Failure);
+  }).join();
+  EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "of the host");
+  qunsetenv("QT_QPA_PLATFORM");
+}
+
+TEST(FormWindow, titleFollowsTheForm) {
+  ShownForm shown;
+  shown.form.setCaption("Other");
+  EXPECT_EQ(shown.window->windowTitle(), "Other");
+}
+
+TEST(FormWindow, closeIsRefusedToNoHostOnceTheFormHasGone) {
+  ShownForm shown;
+  EXPECT_TRUE(shown.window->close());
+}
+
+TEST(FormWindow, placeOutOfSightIsBroughtBack) {
+  DemoForm form;
+  form.load();
+  form.Move(-90000, 90000, 8400, 6000);
+  FormWindow window(form, ViewFactory(), nullptr);
+  window.present();
+  EXPECT_GE(form.Left(), 0);
+  EXPECT_LT(form.Top(), 15000);
+}
+
+TEST(FormWindow, neighboursLeaveNoGapWhateverTheTwips) {
+  EXPECT_EQ(pixelRect({7, 0, 16, 15}), QRect(0, 0, 2, 1));
+  EXPECT_EQ(pixelRect({23, 0, 22, 15}), QRect(2, 0, 1, 1));
+}
+
 TEST(PictureDesktop, savesOnePictureATabAndClosesTheForm) {
   const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tarnel-pictures-test";
   std::filesystem::remove_all(folder);
@@ -173,8 +212,12 @@ TEST(PictureDesktop, folderThatCannotBeMadeIsAFailure) {
   PictureDesktop desktop("/proc/tarnel-pictures", 1, told);
   DemoForm form;
   form.load();
-  EXPECT_ANY_THROW(form.showModal(desktop));
-  EXPECT_EQ(desktop.pictures().size(), 0U);
+  try {
+    form.showModal(desktop);
+    ADD_FAILURE() << "a picture was written";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.number(), failure::pathAccess);
+  }
 }
 
 }  // namespace

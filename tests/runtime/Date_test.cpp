@@ -19,7 +19,10 @@ TEST(Date, everyMinuteOfADayComesBack) {
     ASSERT_EQ(date.minuteOfDay(), minute);
     ASSERT_EQ(date.civil(), (CivilTime{2026, 11, 19, minute / 60, minute % 60, 0}));
   }
-  EXPECT_EQ(isoText(Date{46345.9999999999}), "2026-11-20 00:00:00") << "rounds to the next day's midnight";
+  const Date nearlyMidnight{46345.9999999999};
+  EXPECT_EQ(isoText(nearlyMidnight), "2026-11-20 00:00:00") << "rounds to the next day's midnight";
+  EXPECT_EQ(nearlyMidnight.wholeDay(), Date::of(2026, 11, 20));
+  EXPECT_TRUE(nearlyMidnight.isMidnight());
   EXPECT_EQ(isoText(Date{-1.25}), "1899-12-29 06:00:00");
 }
 
@@ -33,7 +36,7 @@ TEST(Date, isoTextIsReadAndNothingElse) {
   EXPECT_EQ(parseIsoDate("2026-11-19T08:30:15"), Date::of(2026, 11, 19, 8, 30, 15));
   EXPECT_EQ(parseIsoDate("2024-02-29 23:59"), Date::of(2024, 2, 29, 23, 59));
   for (const char* text : {"", "2026-02-29", "2026-13-01", "2026-11-19 24:00", "2026-11-19 8:30", "2026/11/19",
-                           "2026-11-19 08:30:60", "-026-11-19", "2026-11-19 ", "19.11.2026"})
+                           "2026-11-19 08:30:60", "-026-11-19", "2026-11-19 ", "19.11.2026", "0026-11-19"})
     EXPECT_FALSE(parseIsoDate(text)) << text;
 }
 

@@ -83,11 +83,24 @@ TEST_F(Registries, damagedFileIsToldByLineAndLeftAlone) {
   }
 }
 
-TEST_F(Registries, storeThatCantBeWrittenIsToldAndKeepsWhatItHas) {
-  EXPECT_TRUE(registry.setValue("A", "b", "kept"));
-  std::filesystem::create_directories(file.string() + ".new");  // where the new file would be made
-  EXPECT_FALSE(registry.setValue("A", "b", "lost"));
-  EXPECT_EQ(registry.value("A", "b"), Variant("kept"));
+TEST_F(Registries, storeThatCantBeWrittenOrReadIsTold) {
+  write("");
+  EXPECT_FALSE(FileRegistry(file / "below a file").setValue("A", "b", "lost"));
+  EXPECT_EQ(contents(), "");
+  try {
+    FileRegistry(folder).keyExists("A");
+    FAIL() << "a folder";
+  } catch (const Failure& failure) {
+    EXPECT_NE(failure.description().find("directory"), std::string::npos) << failure.description();
+  }
+}
+
+TEST_F(Registries, aWriteKeepsThePermissionsAndLeavesNothingBeside) {
+  EXPECT_TRUE(registry.createKey("A"));
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+  EXPECT_TRUE(registry.createKey("B"));
+  EXPECT_EQ(std::filesystem::status(file).permissions(), static_cast<std::filesystem::perms>(0600));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
 }
 
 }  // namespace

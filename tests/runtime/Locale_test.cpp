@@ -20,7 +20,7 @@ TEST(Locale, shortDateIsReadBackInItsOwnOrderAlone) {
   EXPECT_EQ(Locale().parseDate("2/9/2026 11:59 PM"), Date::of(2026, 2, 9, 23, 59));
   EXPECT_EQ(Locale().parseDate("02/09/2026 23:59:58"), Date::of(2026, 2, 9, 23, 59, 58));
   for (const char* text : {"", "19.11.2026", "13/01/2026", "02/30/2026", "02/09/2026x", "02/09/2026 24:00",
-                           "02/09/2026 13:00 PM", "02/09/2026 0:30 AM", "02/09/2026 8", "002/09/2026"})
+                           "02/09/2026 13:00 PM", "02/09/2026 0:30 AM", "02/09/2026 8", "002/09/2026", "02/09/26"})
     EXPECT_FALSE(Locale().parseDate(text)) << text;
 }
 

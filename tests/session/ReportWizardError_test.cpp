@@ -99,12 +99,6 @@ TEST_F(Failing, failureFurtherUpIsReportedInItsTurn) {
   EXPECT_EQ(platform.errorReport.reports[1].number, failure::objectNotSet);
 }
 
-TEST_F(Failing, ignoredFailuresAreNotReported) {
-  EXPECT_FALSE(ignoringFailures([] { throw Failure(1, "ignored"); }));
-  EXPECT_TRUE(ignoringFailures([] {}));
-  EXPECT_TRUE(platform.errorReport.reports.empty());
-}
-
 TEST_F(Failing, questionsAskAndMessagesTellUnderTheProductsTitle) {
   platform.desktop.answers = {MessageAnswer::yes};
   EXPECT_TRUE(askUser("Sure?"));

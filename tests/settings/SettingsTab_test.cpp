@@ -39,41 +39,50 @@ TEST_F(SettingsTabTest, aClickedModeIsReadOffShownInItsOwnNoteAndLocks) {
   EXPECT_EQ(session().OutTaskSetting, 2);  // in force until "UPDATE"
 }
 
-TEST_F(SettingsTabTest, leavingAnIntegrationAsksWhichOtherProjectTakesItsTasks) {
+TEST_F(SettingsTabTest, whoLeavesAnIntegrationIsAskedWhichOtherProjectTakesItsTasks) {
+  const auto question = [this] {
+    std::string text;
+    if (!has("OUT2PROJECT")) return std::string("none");
+    for (const SmartItem& entry : item("OUT2PROJECT").SubItems()) text += entry.Key() + "=" + entry.Caption() + " ";
+    return text;
+  };
+  inForce(0);
+  click("TASK3");
+  click("TASK1");
+  EXPECT_EQ(question(), "none") << "no integration is in force";
   inForce(1);
   click("TASK1");
   click("TASK1");  // a second click makes no second list
-  std::string offered;
-  for (const SmartItem& entry : item("OUT2PROJECT").SubItems()) offered += entry.Key() + "=" + entry.Caption() + " ";
-  EXPECT_EQ(offered, "KEY-A=Attic KEY-Z=Zoo ");
+  EXPECT_EQ(question(), "KEY-A=Attic KEY-Z=Zoo ");
   EXPECT_EQ(item("OUT2PROJECT").Value(), Variant("Attic"));
   EXPECT_EQ(item("OUT2PROJECT").Index() + 1, tab_.smtSettings.Items().Count());
   click("APPT1");
   EXPECT_TRUE(has("OUT2PROJECT"));
   click("TASK3");
-  EXPECT_FALSE(has("OUT2PROJECT"));
-}
+  EXPECT_EQ(question(), "none");
 
-TEST_F(SettingsTabTest, theQuestionForAProjectComesByTheModeInForceAndGoesWithCancel) {
-  inForce(0);
-  click("TASK3");
-  click("TASK1");
-  EXPECT_FALSE(has("OUT2PROJECT"));
   inForce(3);
-  click("TASK1");
-  EXPECT_TRUE(has("OUT2PROJECT"));
-  tab_.setTheSettings();
-  EXPECT_FALSE(has("OUT2PROJECT"));
-  EXPECT_TRUE(item("TASK4").Checked());
-}
-
-TEST_F(SettingsTabTest, leavingAnIntegrationWithoutAnyProjectOffersNone) {
   session().theProjectKeys.clear();
   session().theProjectNames.clear();
-  inForce(1);
   click("TASK1");
+  EXPECT_EQ(question(), "") << "there is no project to offer";
+  tab_.setTheSettings();
+  EXPECT_EQ(question(), "none");
+  EXPECT_TRUE(item("TASK4").Checked());
   EXPECT_TRUE(reports().empty());
-  EXPECT_EQ(item(settingsKey::outToProject).SubItems().Count(), 0U);
+}
+
+TEST_F(SettingsTabTest, nobodyIsAskedWhereTheItemWasCheckedByNoClick) {
+  inForce(3);
+  item("TASK1").setChecked(true);
+  tab_.FromToOutTasks();
+  EXPECT_EQ(happened(), "currentOff ");
+  EXPECT_EQ(session().OutTaskSetting, 0);
+  inForce(1);
+  item("TASK1").setChecked(true);
+  EXPECT_THROW(tab_.FromToOutTasks(), Failure);
+  EXPECT_EQ(happened(), "");
+  EXPECT_TRUE(platform_.utilities.calls.empty()) << "no project ends";
 }
 
 TEST_F(SettingsTabTest, theAppointmentsModeChangesWhateverItWas) {

@@ -4,10 +4,9 @@
 #include "createDatabase.h"
 
 namespace tarnel::test {
-namespace {
 
 // The link mark's collation is left out on purpose: texts compare without regard to case all the same.
-constexpr const char* schema = R"sql(
+const char* const TaskDatabase::schema = R"sql(
 CREATE TABLE TASKS (
   tskGUIDID TEXT COLLATE NOCASE PRIMARY KEY, tskDesc TEXT, tskNotes TEXT, tskHasNotes BOOLEAN DEFAULT 0,
   tskStatus SMALLINT DEFAULT 1, tskDoneDate DATETIME, tskDeadline DATETIME, tskProject TEXT, tskProjectKey TEXT,
@@ -26,9 +25,7 @@ CREATE TABLE Settings (
   setSettingDisplayOrd INTEGER, setSettingComment TEXT);
 )sql";
 
-}  // namespace
-
-TaskDatabase::TaskDatabase() { sqlite::createDatabase(path, schema); }
+TaskDatabase::TaskDatabase(const std::string& script) { sqlite::createDatabase(path, script); }
 
 void TaskDatabase::addTask(const std::string& key, const std::string& desc) {
   run("INSERT INTO TASKS (tskGUIDID, tskDesc) VALUES ('" + key + "', '" + desc + "')");

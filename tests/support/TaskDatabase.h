@@ -11,7 +11,8 @@ namespace tarnel::test {
 // A small task database on disk: the tables and columns that the wizard uses, the rows that the test adds.
 class TaskDatabase {
  public:
-  TaskDatabase();
+  // The script is the engine's own SQL.
+  explicit TaskDatabase(const std::string& script = schema);
 
   // Jet's SQL, through a session of its own.
   void run(const std::string& statement) { open()->execute(statement); }
@@ -26,6 +27,9 @@ class TaskDatabase {
   TempFolder folder;
   std::filesystem::path path = folder / "TarnelData.mdb";
   sqlite::SqliteProvider provider;
+
+ private:
+  static const char* const schema;
 };
 
 // Opens the statement batch-optimistic.

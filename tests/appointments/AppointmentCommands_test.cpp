@@ -4,9 +4,10 @@
 namespace tarnel::test {
 namespace {
 
-class DeleteAppointmentsTest : public AppointmentsTest {
+// The day with a Task Appointment that stands in Outlook, too, one that doesn't, an Outlook appointment, and a series.
+class AppointmentCommandsTest : public AppointmentsTest {
  protected:
-  DeleteAppointmentsTest() {
+  AppointmentCommandsTest() {
     addAppt("A1", "11/19/2026 08:00:00", "11/19/2026 09:00:00", "Write");
     addAppt("A2", "11/19/2026 10:00:00", "11/19/2026 11:30:00", "Review");
     addEvent("Dentist", "20261119T120000", "20261119T130000");
@@ -26,28 +27,55 @@ class DeleteAppointmentsTest : public AppointmentsTest {
   std::string lastMessage() const { return platform_.desktop.messageTexts().back(); }
 
   const std::string dentist = "Calendar: Dentist 2026-11-19 12:00:00 to 2026-11-19 13:00:00 @ \n";
+  // The user does so once, at the next chance.
+  void chooseNextDayAmongEvents() {
+    platform_.desktop.onEvents = [this] {
+      platform_.desktop.onEvents = nullptr;
+      chooseDate(11, 20);
+    };
+  }
+
   const std::string standUp = "Calendar: Stand-up 2026-11-02 09:15:00 to 2026-11-02 09:30:00 @ \n";
   const std::string write =
       "Calendar: Write 2026-11-19 08:00:00 to 2026-11-19 09:00:00 @ Tarnel BrackwellTarnelGUID=A1\n";
 };
 
-TEST_F(DeleteAppointmentsTest, withoutMarksEachSideSaysSo) {
+TEST_F(AppointmentCommandsTest, anItemThatStartsAtMidnightShowsAsTheWholeDay) {
+  addAppt("A3", "11/20/2026 00:00:00", "11/20/2026 01:00:00", "Early");
+  day().refreshDay();
+  tarnel().select(indexOf(tarnel(), "Early"));
+  press("smtApptActions(0)", "UPDATE");
+  EXPECT_TRUE(rowsOf(outlookSide()).ends_with("00:00-24:00 20 Early [2 0]\n")) << rowsOf(outlookSide());
+  EXPECT_EQ(session().theOutlookNS, nullptr);
+}
+
+TEST_F(AppointmentCommandsTest, aMarkedRowWithoutARecordIsNotCopiedAndLosesItsMark) {
+  const std::int16_t review = indexOf(tarnel(), "Review");
+  tarnel().setAppTag(review, "gone");
+  tarnel().select(review);
+  EXPECT_TRUE(day().Tarnel2OUTAppts());
+  EXPECT_EQ(tarnel().AppMarkImage(review), 0);
+  EXPECT_EQ(items() + links(), dentist + standUp + write + "A1|A1\nA2|-\n");
+}
+
+TEST_F(AppointmentCommandsTest, aRecordThatSomeoneElseChangedIsNotCopied) {
+  tarnel().select(indexOf(tarnel(), "Review"));
+  database_.run("UPDATE TASKAPPTS SET taOutlookEntryID = 'A2' WHERE taGUIDID = 'A2'");
+  EXPECT_FALSE(day().Tarnel2OUTAppts());
+  EXPECT_EQ(report(), "Tarnel2OUTAppts -2147217864");
+  EXPECT_EQ(items(), dentist + standUp + write);
+}
+
+TEST_F(AppointmentCommandsTest, withoutMarksEachSideSaysSo) {
   EXPECT_FALSE(day().DeleteOutlookAppts());
   EXPECT_EQ(lastMessage(), "No Outlook Appointments or Task Appointments selected to delete.");
   EXPECT_FALSE(day().DeleteTarnelAppts());
-  const std::string noTasks =
-      "No Tarnel Task Appointments selected to delete. (Delete Outlook Appointments in the Outlook half of the "
-      "Wizard, or if reoccuring, in Outlook itself.)";
-  EXPECT_EQ(lastMessage(), noTasks);
-  // No user can mark a row of Outlook here; were one marked, it would not count.
-  const std::int16_t foreign = indexOf(tarnel(), "Dentist");
-  tarnel().setAppMarkImage(foreign, 3);
-  EXPECT_FALSE(day().DeleteTarnelAppts());
-  EXPECT_EQ(lastMessage(), noTasks);
-  EXPECT_EQ(tarnel().AppMarkImage(foreign), 3);
+  EXPECT_EQ(lastMessage(),
+            "No Tarnel Task Appointments selected to delete. (Delete Outlook Appointments in the Outlook half of the "
+            "Wizard, or if reoccuring, in Outlook itself.)");
 }
 
-TEST_F(DeleteAppointmentsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlook) {
+TEST_F(AppointmentCommandsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlook) {
   {
     auto box = openMailbox();
     mailbox::deleteItem(box, entryIdOf("Write"));
@@ -61,7 +89,7 @@ TEST_F(DeleteAppointmentsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutloo
   EXPECT_EQ(report(), "0 reports");
 }
 
-TEST_F(DeleteAppointmentsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsTheRecord) {
+TEST_F(AppointmentCommandsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsTheRecord) {
   {
     auto box = openMailbox();
     const std::string id = entryIdOf("Write");
@@ -75,7 +103,7 @@ TEST_F(DeleteAppointmentsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsTheR
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
 }
 
-TEST_F(DeleteAppointmentsTest, withOutlookOutOfReachTheOutlookSideReportsAndKeepsTheLink) {
+TEST_F(AppointmentCommandsTest, withOutlookOutOfReachTheOutlookSideReportsAndKeepsTheLink) {
   outlookSide().select(indexOf(outlookSide(), "Write"));
   platform_.use(noOutlook_);
   answerYes();
@@ -84,22 +112,14 @@ TEST_F(DeleteAppointmentsTest, withOutlookOutOfReachTheOutlookSideReportsAndKeep
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
 }
 
-TEST_F(DeleteAppointmentsTest, aTagThatIsNoBagEndsTheCommand) {
-  outlookSide().setAppTag(1, "TAG9=True");
-  outlookSide().select(1);
-  answerYes();
-  EXPECT_FALSE(day().DeleteOutlookAppts());
-  EXPECT_EQ(report(), "DeleteOutlookAppts " + std::to_string(static_cast<std::int32_t>(0x80044719)));
-}
-
-TEST_F(DeleteAppointmentsTest, keysAreNoPartOfTheStatement) {
+TEST_F(AppointmentCommandsTest, keysAreNoPartOfTheStatement) {
   addAppt("o''brien", "11/19/2026 16:00:00", "11/19/2026 17:00:00");
   EXPECT_TRUE(deleteAppt("x' OR '1'='1"));
   EXPECT_TRUE(deleteAppt("o'brien"));
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
 }
 
-TEST_F(DeleteAppointmentsTest, aForeignRowIsNeverTakenForTheCopyOfAnEmptyKey) {
+TEST_F(AppointmentCommandsTest, aForeignRowIsNeverTakenForTheCopyOfAnEmptyKey) {
   addAppt("", "11/19/2026 16:00:00", "11/19/2026 17:00:00", "No key");
   day().refreshDay();
   tarnel().select(indexOf(tarnel(), "No key"));
@@ -109,26 +129,23 @@ TEST_F(DeleteAppointmentsTest, aForeignRowIsNeverTakenForTheCopyOfAnEmptyKey) {
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
 }
 
-TEST_F(DeleteAppointmentsTest, eventsThatRefillTheDayMeanwhileTakeNoOtherRow) {
+TEST_F(AppointmentCommandsTest, aDayChosenWhileAnotherIsReadIsTheOneOnShow) {
+  chooseNextDayAmongEvents();
+  chooseDate(11, 18);
+  EXPECT_EQ(rowsOf(outlookSide()) + rowsOf(tarnel()), "09:15-09:30 20 Stand-up [1 0]\n09:15-09:30 20 Stand-up [1 0]\n");
+  EXPECT_EQ(tarnel().ShowDate(), Date::of(2026, 11, 20));
+}
+
+TEST_F(AppointmentCommandsTest, eventsThatRefillTheDayMeanwhileTakeNoOtherRow) {
   selectAll(outlookSide());
-  platform_.desktop.onEvents = [this] {
-    platform_.desktop.onEvents = nullptr;
-    chooseDate(11, 20);
-  };
+  chooseNextDayAmongEvents();
   answerYes();
   EXPECT_TRUE(day().DeleteOutlookAppts());
   EXPECT_EQ(report(), "0 reports");
   EXPECT_EQ(items(), "Deleted Items" + dentist.substr(8) + standUp + write);
   EXPECT_EQ(rowsOf(outlookSide()), "09:15-09:30 20 Stand-up [1 0]\n");
-}
-
-TEST_F(DeleteAppointmentsTest, theFormMayCloseWhileEventsRun) {
-  outlookSide().select(indexOf(outlookSide(), "Write"));
-  platform_.desktop.onEvents = [this] { day().closeRows(); };
-  answerYes();
-  EXPECT_FALSE(day().DeleteOutlookAppts());
-  EXPECT_EQ(report(), "DeleteOutlookAppts 91");
-  EXPECT_EQ(items(), dentist + standUp + write);
+  EXPECT_EQ(tarnel().ShowDate(), Date::of(2026, 11, 20));
+  EXPECT_EQ(outlookSide().ShowDate(), Date::of(2026, 11, 20));
 }
 
 }  // namespace
