@@ -24,7 +24,7 @@ void DaySchedules::refreshDay() {
 
 void DaySchedules::closeRows() {
   if (!theTaskApptRows) return;
-  if (theTaskApptRows->state() == ado::State::open) theTaskApptRows->Close();
+  closeIfOpen(*theTaskApptRows);
   theTaskApptRows.reset();
   theTaskApptData.reset();
 }

@@ -7,6 +7,10 @@
 
 namespace tarnel {
 
+void closeIfOpen(ado::Recordset& rows) {
+  if (rows.state() == ado::State::open) rows.Close();
+}
+
 void Records::makeSureOfConnection() {
   // What it can't find shows in the open that follows.
   if (session().theszConnect.empty()) LocateDatabase();

@@ -9,6 +9,8 @@
 
 namespace tarnel {
 
+void closeIfOpen(ado::Recordset& rows);
+
 // What the record classes share: a statement, a recordset, and how it is opened. A recordset that is handed out belongs
 // to the caller as well, who reads and writes it directly.
 class Records {

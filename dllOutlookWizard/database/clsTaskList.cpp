@@ -20,7 +20,7 @@ void clsTaskList::UpdateBatchRST() {
 void clsTaskList::Class_GetDataMember(const std::string& DataMember, std::shared_ptr<ado::Recordset>& Data) {
   standardHandler(module_, "Class_GetDataMember", [&] {
     if (DataMember != "Recordset") return;
-    if (m_rst && m_rst->state() == ado::State::open) m_rst->Close();
+    if (m_rst) closeIfOpen(*m_rst);
     openMember(OpenOperation::taskListDataMember);
     Data = m_rst;
   });

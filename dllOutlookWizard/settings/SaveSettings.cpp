@@ -1,16 +1,13 @@
 #include "SaveSettings.h"
 
 #include "Conversions.h"
+#include "Records.h"
 #include "SettingsSection.h"
 #include "StandardHandler.h"
 #include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
-
-void closeIfOpen(ado::Recordset& rows) {
-  if (rows.state() == ado::State::open) rows.Close();
-}
 
 void saveLayout(const FormState& form) {
   const auto rows = openSettingsSection("OutWizard");

@@ -5,6 +5,7 @@
 
 #include "Conversions.h"
 #include "Failure.h"
+#include "Records.h"
 #include "SettingsSection.h"
 #include "clsVLProjectsList.h"
 #include "m_OutlookWizard.h"
@@ -136,7 +137,7 @@ void readProfile() {
   const Rows rows = openSettingsSection("OutlookProfileString");
   if (rows->RecordCount() == 1) session().theOutlookProfile = textOrEmpty(rows->Fields("SetSettingValue").Value());
   if (rows->RecordCount() == 0) session().theOutlookProfile = "NONE";
-  if (rows->state() == ado::State::open) rows->Close();
+  closeIfOpen(*rows);
 }
 
 }  // namespace tarnel

@@ -66,7 +66,7 @@ void TaskLists::openAllTasks() { openTasks("SELECT * FROM TASKS"); }
 
 void TaskLists::closeRows() {
   if (!theTaskRows) return;
-  if (theTaskRows->state() == ado::State::open) theTaskRows->Close();
+  closeIfOpen(*theTaskRows);
   theTaskRows.reset();
   theTaskData.reset();
 }
