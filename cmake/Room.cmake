@@ -1,6 +1,10 @@
 # What most files read is compiled once for all rooms, and once with GoogleTest for all tests; each reuses what the first
-# of them has made. The preset asan builds without, so that a file that leans on it is found.
+# of them has made. The preset asan builds without, so that a file that leans on it is found. So do optimised builds, in
+# which GCC 12 would warn of the standard library's own code.
 function(reuse_headers target first)
+  if(NOT CMAKE_BUILD_TYPE STREQUAL Debug)
+    return()
+  endif()
   if(target STREQUAL first)
     target_precompile_headers(${target} PRIVATE ${ARGN} <algorithm> <filesystem> <functional> <memory> <optional> <string>
       <string_view> <vector>)
