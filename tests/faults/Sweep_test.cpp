@@ -44,7 +44,7 @@ const std::vector<Command>& commands() {
       {"sort", 90, {"choose smtSkedPickTasks SORTPICK \"To Do Order First to Last\""}, {}},
       onTasks("markInTarnel", 0, "0", "NONE"),
       onTasks("markInOutlook", 0, "1", "NONE"),
-      onTasks("copyTasks", 240, "0", "UPDATE"),
+      onTasks("copyTasks", 249, "0", "UPDATE"),
       onTasks("importTasks", 200, "1", "UPDATE"),
       onTasks("doneInTarnel", 170, "0", "MARKASDONE"),
       onTasks("doneInOutlook", 130, "1", "MARKASDONE"),
