@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "Database.h"
 #include "FailureOf.h"
 #include "TaskDatabase.h"
@@ -109,12 +111,19 @@ TEST_F(SqliteProviderTest, aConnectionStringWithoutAFileSaysSo) {
     EXPECT_THROW(database.provider.open(text), Failure) << text;
 }
 
-TEST_F(SqliteProviderTest, aSessionIsSharedWhileSomebodyHoldsIt) {
+TEST_F(SqliteProviderTest, aSessionIsSharedAndLeavesTheFileAsIfClosedWhileNobodyHoldsIt) {
   EXPECT_EQ(database.provider.open("data source=\"" + database.path.string() + "\""), session);
   EXPECT_EQ(database.provider.open("Data Source=" + (database.folder / "x/../TarnelData.mdb").string()), session);
-  const std::weak_ptr<ado::Session> watched = session;
+  const ado::Session* const first = session.get();
   session.reset();
-  EXPECT_TRUE(watched.expired());
+  const std::string before = test::contentsOf(database.path);
+  session = database.open();
+  EXPECT_EQ(session.get(), first);
+  session->execute("DELETE FROM TASKS");
+  session.reset();
+  EXPECT_TRUE(test::contentsOf(database.path) != before) << "the file alone holds what was written";
+  std::ofstream(database.path, std::ios::binary) << before;  // put back from a copy
+  EXPECT_EQ(database.describe("SELECT tskGUIDID FROM TASKS"), "A-1\nB-2\n");
 }
 
 TEST_F(SqliteProviderTest, aFileThatWasReplacedTakesNoWritesOfTheOldSession) {

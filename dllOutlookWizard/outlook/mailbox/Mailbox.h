@@ -21,6 +21,11 @@ struct Mailbox {
   // Failure when the mailbox is out of reach.
   Mailbox(const std::filesystem::path& path, Locale dates, const Clock& time)
       : store(path), zones(store), locale(std::move(dates)), clock(time) {}
+
+  const std::filesystem::path& path() const { return store.path(); }
+  bool isInReach() const { return store.isInReach(); }
+  bool rest() { return store.rest(); }
+  bool wake() { return store.wake(); }
 };
 
 }  // namespace tarnel::mailbox

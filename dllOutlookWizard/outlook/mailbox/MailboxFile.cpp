@@ -21,8 +21,9 @@ constexpr std::size_t userVersionAt = 60;
 constexpr std::size_t applicationIdAt = 68;
 
 // A file without any write bit counts as protected for everyone, also for those who could overrule it.
-bool writeProtected(const std::filesystem::path& path, const struct stat& found) {
-  return (found.st_mode & 0222) == 0 || access(path.c_str(), W_OK) != 0;
+bool isWriteProtected(const std::filesystem::path& path) {
+  struct stat found {};
+  return stat(path.c_str(), &found) == 0 && ((found.st_mode & 0222) == 0 || access(path.c_str(), W_OK) != 0);
 }
 
 void requireSoundHead(const std::filesystem::path& path, const sqlite::FileHead& head) {
@@ -87,12 +88,12 @@ void failOutOfReach(const std::filesystem::path& path) {
   failMailbox(path, "the file was removed or replaced while it was open", "Put it back and try again.");
 }
 
-void requireWritable(const std::filesystem::path& path, const std::filesystem::path& folder,
-                     const FileIdentity& opened) {
-  struct stat found {};
-  if (stat(path.c_str(), &found) != 0 || FileIdentity{found.st_dev, found.st_ino} != opened) failOutOfReach(path);
-  if (writeProtected(path, found)) failMailbox(path, "the file is write-protected", "Make it writable.");
-  if (stat(folder.c_str(), &found) == 0 && writeProtected(folder, found))
+void requireWritableFile(const std::filesystem::path& path) {
+  if (isWriteProtected(path)) failMailbox(path, "the file is write-protected", "Make it writable.");
+}
+
+void requireWritableFolder(const std::filesystem::path& path, const std::filesystem::path& folder) {
+  if (isWriteProtected(folder))
     failMailbox(path, "its folder is write-protected",
                 "Make the folder writable, or put the mailbox into another one.");
 }
@@ -103,7 +104,8 @@ void inspectMailbox(const std::filesystem::path& path) {
     failMailbox(path, "there is no such file", "Create it first, or name another mailbox.");
   if (!std::filesystem::is_regular_file(path, none)) failMailbox(path, "it is no file", "Name a mailbox file.");
   requireSoundHead(path, sqlite::FileHead(path));
-  requireWritable(path, folderOf(path), FileIdentity::of(path));
+  requireWritableFile(path);
+  requireWritableFolder(path, folderOf(path));
 }
 
 void createMailbox(const std::filesystem::path& path) {

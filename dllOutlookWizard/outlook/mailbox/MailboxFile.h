@@ -21,9 +21,9 @@ void makeSureOfMailbox(const std::filesystem::path& path);
 void inspectMailbox(const std::filesystem::path& path);
 
 std::filesystem::path folderOf(const std::filesystem::path& path);
-// Failure when the path no longer leads to the file that was opened, or when the file or its folder takes no writes.
-void requireWritable(const std::filesystem::path& path, const std::filesystem::path& folder,
-                     const FileIdentity& opened);
+// Failure when the mailbox, or the folder that its log stands in, takes no writes.
+void requireWritableFile(const std::filesystem::path& path);
+void requireWritableFolder(const std::filesystem::path& path, const std::filesystem::path& folder);
 [[noreturn]] void failOutOfReach(const std::filesystem::path& path);
 
 // Failure 440 about a mailbox: what went wrong and what to do.

@@ -86,7 +86,6 @@ bool MailboxTable::FindFirst(bool forward) {
   position_.reset();
   if (!inForce_) return false;
   Store& store = folder.mailbox()->store;
-  store.requireReach();
   generation_ = store.generation();
   StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i" + inForce_->joins +
                                       " WHERE +i.folder = ?" + inForce_->where.sql + " ORDER BY i.id");

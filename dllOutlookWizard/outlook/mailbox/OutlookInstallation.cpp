@@ -20,13 +20,7 @@ std::shared_ptr<Mailbox> OutlookInstallation::mailbox(const std::optional<std::s
   std::error_code unreadable;
   std::filesystem::path path = std::filesystem::weakly_canonical(named, unreadable);
   if (unreadable) path = named;  // opening it tells why
-  std::weak_ptr<Mailbox>& known = open_[path];
-  auto mailbox = known.lock();
-  if (!mailbox || !mailbox->store.isInReach()) {
-    mailbox = std::make_shared<Mailbox>(path, locale_, clock_);
-    known = mailbox;
-  }
-  return mailbox;
+  return mailboxes_.to(path, [&] { return std::make_unique<Mailbox>(path, locale_, clock_); });
 }
 
 std::shared_ptr<RunningOutlook> OutlookInstallation::start() {

@@ -2,11 +2,11 @@
 
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "Connections.h"
 #include "Mailbox.h"
 #include "RunningOutlook.h"
 
@@ -24,8 +24,8 @@ class OutlookInstallation {
         locale_(std::move(locale)),
         clock_(clock) {}
 
-  // The open mailbox of that profile, opened if need be; it closes when nobody holds it any more. Failure 440 when the
-  // profile is not known or its mailbox is out of reach.
+  // The open mailbox of that profile, opened if need be. Failure 440 when the profile is not known or its mailbox is
+  // out of reach.
   std::shared_ptr<Mailbox> mailbox(const std::optional<std::string>& profile);
 
   bool isRunning() const { return RunningOutlook::profile(defaultMailbox_).has_value(); }
@@ -39,7 +39,7 @@ class OutlookInstallation {
   std::filesystem::path defaultMailbox_;
   Locale locale_;
   const Clock& clock_;
-  std::map<std::filesystem::path, std::weak_ptr<Mailbox>> open_;
+  sqlite::Connections<Mailbox> mailboxes_;
   std::weak_ptr<RunningOutlook> running_;
 };
 

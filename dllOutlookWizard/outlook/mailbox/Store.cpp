@@ -14,11 +14,17 @@ constexpr int busyMilliseconds = 1000;
 }  // namespace
 
 Store::Store(const std::filesystem::path& path)
-    : path_(path), folder_(folderOf(path)), identity_(FileIdentity::of(path)), database_(nullptr, sqlite3_close) {
+    : path_(path),
+      folder_(folderOf(path)),
+      identity_(FileIdentity::of(path)),
+      rest_(path),
+      database_(nullptr, sqlite3_close) {
   inspectMailbox(path_);
   open();
   requireSoundness();
 }
+
+Store::~Store() { rest(); }
 
 void Store::open() {
   sqlite3* opened = nullptr;
@@ -38,7 +44,7 @@ void Store::requireSoundness() {
   }
   execute(
       "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; "
-      "PRAGMA temp_store = MEMORY;");
+      "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 2048;");
   {
     StoreStatement id = prepare("SELECT id FROM store");
     StoreStatement folders = prepare("SELECT id, name FROM folders");
@@ -49,31 +55,38 @@ void Store::requireSoundness() {
   refreshGeneration();
 }
 
+bool Store::rest() { return rest_.begin(database_.get(), busyMilliseconds); }
+
+bool Store::wake() {
+  if (!rest_.isUndisturbed()) return false;
+  requireWritableFolder(path_, folder_);
+  requireWritable();
+  refreshGeneration();
+  return true;
+}
+
+void Store::requireWritable() {
+  const sqlite::FileState state = sqlite::FileState::of(path_);
+  if (state.identity != identity_) failOutOfReach(path_);
+  // Rights can't change without the file's time of change.
+  if (state.changed == writable_) return;
+  requireWritableFile(path_);
+  writable_ = state.changed;
+}
+
 void Store::requireReach() const {
   if (!isInReach()) failOutOfReach(path_);
 }
 
 StoreStatement Store::prepare(std::string_view sql) {
-  if (const auto idle = idle_.find(sql); idle != idle_.end()) return {*this, idle_.extract(idle)};
-  sqlite3_stmt* made = nullptr;
-  const int result = sqlite3_prepare_v3(database_.get(), sql.data(), static_cast<int>(sql.size()),
-                                        SQLITE_PREPARE_PERSISTENT, &made, nullptr);
-  if (result != SQLITE_OK) fail(result);
-  StoreStatement::Prepared one;
-  one.emplace(sql, StoreStatement::Handle(made, sqlite3_finalize));
-  return {*this, one.extract(one.begin())};
-}
-
-void Store::takeBack(StoreStatement::Prepared::node_type prepared) {
-  // A reset gives the run's own failure once more; it has been told already.
-  sqlite3_reset(prepared.mapped().get());
-  sqlite3_clear_bindings(prepared.mapped().get());
-  idle_.insert(std::move(prepared));
+  auto prepared = statements_.take(database_.get(), sql);
+  if (!prepared) fail(sqlite3_extended_errcode(database_.get()));
+  return {*this, std::move(prepared)};
 }
 
 void Store::write(const std::function<void()>& work) {
   if (inTransaction_) return work();
-  requireWritable(path_, folder_, identity_);
+  requireWritable();
   inTransaction("BEGIN IMMEDIATE", work);
   ++generation_;
 }

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "MailboxFile.h"
+#include "Rest.h"
 #include "StoreStatement.h"
 
 struct sqlite3;
@@ -22,6 +23,8 @@ class Store {
  public:
   // Failure when the mailbox is out of reach, whatever the reason; the attempt writes nothing.
   explicit Store(const std::filesystem::path& path);
+  // Leaves all in the file itself, also while others have it open.
+  ~Store();
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
 
@@ -32,6 +35,11 @@ class Store {
   // Failure when the file has gone or was replaced since it was opened.
   void requireReach() const;
   bool isInReach() const { return FileIdentity::of(path_) == identity_; }
+
+  // The end of a use, see Rest; false when the connection can't rest now.
+  bool rest();
+  // The next use. False when the file was touched meanwhile; Failure when it can't be written.
+  bool wake();
 
   StoreStatement prepare(std::string_view sql);
   // Runs `work` as one transaction: all of it is in the file when this returns, or, when it throws, nothing. Inside
@@ -57,8 +65,9 @@ class Store {
 
  private:
   friend class StoreStatement;
-  void takeBack(StoreStatement::Prepared::node_type prepared);
+  void takeBack(sqlite::StatementCache::Lease prepared) { statements_.giveBack(std::move(prepared)); }
   void open();
+  void requireWritable();
   void requireSoundness();
   void execute(const char* sql);
   void inTransaction(const char* begin, const std::function<void()>& work);
@@ -66,8 +75,10 @@ class Store {
   std::filesystem::path path_;
   std::filesystem::path folder_;
   FileIdentity identity_;
+  sqlite::Rest rest_;
+  std::int64_t writable_ = 0;  // the file's time of change when its rights were looked at
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
-  StoreStatement::Prepared idle_;
+  sqlite::StatementCache statements_;
   std::string id_;
   std::map<std::int64_t, std::string> folders_;
   std::map<std::string, std::int64_t, std::less<>> nameIds_;  // those asked for, as they were spelt

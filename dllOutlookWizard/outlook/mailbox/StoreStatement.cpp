@@ -7,7 +7,7 @@
 namespace tarnel::mailbox {
 
 StoreStatement::~StoreStatement() {
-  if (!prepared_.empty()) store_->takeBack(std::move(prepared_));
+  if (prepared_) store_->takeBack(std::move(prepared_));
 }
 
 void StoreStatement::check(int result) const {

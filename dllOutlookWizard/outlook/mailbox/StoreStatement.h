@@ -1,15 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <variant>
 #include <vector>
 
-struct sqlite3_stmt;
+#include "StatementCache.h"
 
 namespace tarnel::mailbox {
 
@@ -22,16 +19,8 @@ using SqlValue = std::variant<std::monostate, std::int64_t, std::string>;
 // not outlive the store. Any complaint of the engine becomes a Failure that names the mailbox.
 class StoreStatement {
  public:
-  using Handle = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-  };
-  // Prepared statements by their texts. One that runs is taken out whole, so that a run copies no text.
-  using Prepared = std::unordered_map<std::string, Handle, TextHash, std::equal_to<>>;
-
-  StoreStatement(Store& store, Prepared::node_type prepared)
-      : store_(&store), prepared_(std::move(prepared)), statement_(prepared_.mapped().get()) {}
+  StoreStatement(Store& store, sqlite::StatementCache::Lease prepared)
+      : store_(&store), prepared_(std::move(prepared)), statement_(prepared_.handle()) {}
   StoreStatement(StoreStatement&& other) noexcept = default;
   StoreStatement& operator=(StoreStatement&&) = delete;
   ~StoreStatement();
@@ -59,7 +48,7 @@ class StoreStatement {
   void check(int result) const;
 
   Store* store_;
-  Prepared::node_type prepared_;
+  sqlite::StatementCache::Lease prepared_;
   sqlite3_stmt* statement_;
   int bound_ = 0;
 };

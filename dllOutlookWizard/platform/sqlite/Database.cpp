@@ -3,11 +3,10 @@
 #include <sqlite3.h>
 
 #include "Failure.h"
+#include "Statement.h"
 
 namespace tarnel::sqlite {
 namespace {
-
-constexpr int busyMilliseconds = 5000;
 
 std::string fileNameOf(sqlite3* database) {
   const char* name = sqlite3_db_filename(database, "main");
@@ -71,13 +70,17 @@ void Database::run(const std::string& script) {
 
 void Database::useWriteAheadLog() { run("PRAGMA journal_mode = WAL"); }
 
+Transaction::Transaction(Database& database) : database_(database) {
+  Statement(database_, "BEGIN IMMEDIATE", Statement::Use::again).step();
+}
+
 Transaction::~Transaction() {
   // Some failures have rolled it back already; then there is nothing to do.
   if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void Transaction::commit() {
-  database_.run("COMMIT");
+  Statement(database_, "COMMIT", Statement::Use::again).step();
   open_ = false;
 }
 

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "StatementCache.h"
+
 struct sqlite3;
 
 namespace tarnel::sqlite {
@@ -13,11 +15,14 @@ namespace tarnel::sqlite {
 class Database {
  public:
   enum class Opening { existing, orNew };
+  // How long others' locks are waited for.
+  static constexpr int busyMilliseconds = 5000;
 
   // Failure naming the file when it can't be opened.
   explicit Database(const std::filesystem::path& path, Opening opening = Opening::existing);
 
   sqlite3* handle() const { return handle_.get(); }
+  StatementCache& statements() { return statements_; }
   // Runs the engine's own statements, any number of them.
   void run(const std::string& script);
   // Lets readers and a writer work at the same time. Stays with the file, so nobody calls it who only reads.
@@ -28,13 +33,14 @@ class Database {
     void operator()(sqlite3* handle) const;
   };
   std::unique_ptr<sqlite3, Closer> handle_;
+  StatementCache statements_;  // of this connection, so that it goes first
 };
 
 // A transaction that goes back unless it was committed.
 class Transaction {
  public:
   // Takes the write lock at once.
-  explicit Transaction(Database& database) : database_(database) { database_.run("BEGIN IMMEDIATE"); }
+  explicit Transaction(Database& database);
   ~Transaction();
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;

@@ -41,7 +41,7 @@ ado::Written RowWriter::write(const ado::Change& change) {
   if (change.kind == ado::Change::Kind::insert) {
     rowId = insert(change);
   } else {
-    checkUnchanged(change);
+    if (!isUnchanged(change)) failConflict(shape_);
     update(change);
   }
   auto row = readById(rowId);
@@ -50,35 +50,36 @@ ado::Written RowWriter::write(const ado::Change& change) {
 }
 
 std::optional<ado::Row> RowWriter::readById(ado::RowId rowId) {
-  Statement& select = prepared(select_);
+  Statement select(database_, select_, Statement::Use::again);
   select.bind(1, rowId);
-  std::optional<ado::Row> row;
-  if (select.step()) {
-    row.emplace();
-    for (std::size_t i = 0; i < shape_.columns.size(); ++i)
-      row->push_back(readValue(select.handle(), static_cast<int>(i), shape_.columns[i].type));
-  }
-  select.reset();
+  if (!select.step()) return {};
+  ado::Row row;
+  row.reserve(shape_.columns.size());
+  for (std::size_t i = 0; i < shape_.columns.size(); ++i) row.push_back(valueOf(select, i));
   return row;
 }
 
-void RowWriter::checkUnchanged(const ado::Change& change) {
-  const auto row = read(change.identity);
-  if (!row) failConflict(shape_);
-  for (std::size_t i = 0; i < change.columns.size(); ++i)
-    if ((*row)[change.columns[i]] != change.original[i]) failConflict(shape_);
+Variant RowWriter::valueOf(const Statement& row, std::size_t column) const {
+  return readValue(row.handle(), static_cast<int>(column), shape_.columns[column].type);
+}
+
+bool RowWriter::isUnchanged(const ado::Change& change) {
+  Statement select(database_, select_, Statement::Use::again);
+  select.bind(1, change.identity.rowId);
+  if (!select.step()) return false;
+  const auto hold = [&](const std::vector<std::size_t>& columns, const std::vector<Variant>& values) {
+    for (std::size_t i = 0; i < values.size(); ++i)
+      if (valueOf(select, columns[i]) != values[i]) return false;
+    return true;
+  };
+  return hold(shape_.keyColumns, change.identity.keys) && hold(change.columns, change.original);
 }
 
 void RowWriter::update(const ado::Change& change) {
   std::string sets;
   for (const std::size_t column : change.columns)
     sets += (sets.empty() ? "" : ", ") + quotedName(shape_.columns[column].origin) + " = ?";
-  Statement& statement = prepared("UPDATE " + quotedName(shape_.table) + " SET " + sets + " WHERE rowid = ?");
-  int parameter = 0;
-  for (const Variant& value : change.values) statement.bind(++parameter, value);
-  statement.bind(++parameter, change.identity.rowId);
-  statement.step();
-  statement.reset();
+  runWith(change, "UPDATE " + quotedName(shape_.table) + " SET " + sets + " WHERE rowid = ?");
 }
 
 ado::RowId RowWriter::insert(const ado::Change& change) {
@@ -88,18 +89,16 @@ ado::RowId RowWriter::insert(const ado::Change& change) {
     values += values.empty() ? "?" : ", ?";
   }
   const std::string list = change.columns.empty() ? " DEFAULT VALUES" : " (" + columns + ") VALUES (" + values + ")";
-  Statement& statement = prepared("INSERT INTO " + quotedName(shape_.table) + list);
-  int parameter = 0;
-  for (const Variant& value : change.values) statement.bind(++parameter, value);
-  statement.step();
-  statement.reset();
+  runWith(change, "INSERT INTO " + quotedName(shape_.table) + list);
   return sqlite3_last_insert_rowid(database_.handle());
 }
 
-Statement& RowWriter::prepared(const std::string& sql) {
-  const auto found = statements_.find(sql);
-  if (found != statements_.end()) return found->second;
-  return statements_.emplace(sql, Statement(database_.handle(), sql)).first->second;
+void RowWriter::runWith(const ado::Change& change, const std::string& sql) {
+  Statement statement(database_, sql, Statement::Use::again);
+  int parameter = 0;
+  for (const Variant& value : change.values) statement.bind(++parameter, value);
+  if (change.kind == ado::Change::Kind::update) statement.bind(++parameter, change.identity.rowId);
+  statement.step();
 }
 
 }  // namespace tarnel::sqlite

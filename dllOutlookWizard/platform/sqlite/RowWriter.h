@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "Database.h"
 #include "Provider.h"
@@ -22,15 +21,17 @@ class RowWriter {
 
  private:
   std::optional<ado::Row> readById(ado::RowId rowId);
-  void checkUnchanged(const ado::Change& change);
+  // Whether the row is there and holds what was read of it, as far as the change goes.
+  bool isUnchanged(const ado::Change& change);
   void update(const ado::Change& change);
   ado::RowId insert(const ado::Change& change);
-  Statement& prepared(const std::string& sql);
+  // Runs a statement that takes the change's values, and an update's row behind them.
+  void runWith(const ado::Change& change, const std::string& sql);
+  Variant valueOf(const Statement& row, std::size_t column) const;
 
   Database& database_;
   const ado::Result& shape_;
   std::string select_;
-  std::unordered_map<std::string, Statement> statements_;
 };
 
 }  // namespace tarnel::sqlite

@@ -8,6 +8,9 @@
 
 namespace tarnel::sqlite {
 
+SqliteProvider::SqliteProvider() = default;
+SqliteProvider::~SqliteProvider() = default;
+
 std::shared_ptr<ado::Session> SqliteProvider::open(std::string_view connectionString) {
   const auto parts = ado::parseConnectionString(connectionString);
   const auto source = parts.find("DATA SOURCE");
@@ -18,11 +21,7 @@ std::shared_ptr<ado::Session> SqliteProvider::open(std::string_view connectionSt
   std::error_code error;
   const std::filesystem::path path = std::filesystem::weakly_canonical(source->second, error);
   if (error) throw Failure(failure::engine, "The database \"" + source->second + "\": " + error.message() + ".");
-  std::weak_ptr<SqliteSession>& known = sessions_[path.string()];
-  if (auto session = known.lock(); session && session->isInReach()) return session;
-  auto session = std::make_shared<SqliteSession>(path);
-  known = session;
-  return session;
+  return sessions_.to(path, [&path] { return std::make_unique<SqliteSession>(path); });
 }
 
 }  // namespace tarnel::sqlite

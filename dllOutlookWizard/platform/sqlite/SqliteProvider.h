@@ -1,9 +1,8 @@
 #pragma once
 
-#include <map>
 #include <memory>
-#include <string>
 
+#include "Connections.h"
 #include "Provider.h"
 
 namespace tarnel::sqlite {
@@ -11,13 +10,15 @@ namespace tarnel::sqlite {
 class SqliteSession;
 
 // Opens the file that "Data Source" names in a connection string; all other keys are ignored, the provider's name too.
-// While somebody holds a session on a file, others get the same one, unless the path leads to another file by now.
 class SqliteProvider : public ado::Provider {
  public:
+  SqliteProvider();
+  ~SqliteProvider() override;
+
   std::shared_ptr<ado::Session> open(std::string_view connectionString) override;
 
  private:
-  std::map<std::string, std::weak_ptr<SqliteSession>> sessions_;
+  Connections<SqliteSession> sessions_;
 };
 
 }  // namespace tarnel::sqlite

@@ -61,12 +61,12 @@ void readRows(Statement& statement, ado::Result& result, bool withRowId) {
 }
 
 // Both readings of a SELECT are prepared, because only the engine knows whether its columns come from one table.
-ado::Result readSelect(sqlite3* database, const JetStatement& select) {
-  Statement plain(database, select.sql());
-  ado::Result result = describeResult(database, plain, sqlite3_column_count(plain.handle()));
+ado::Result readSelect(Database& database, const JetStatement& select) {
+  Statement plain(database, select.sql(), Statement::Use::once);
+  ado::Result result = describeResult(database.handle(), plain, sqlite3_column_count(plain.handle()));
   const auto withRowId = result.table.empty() ? std::nullopt : select.sqlWithRowId();
   if (withRowId) {
-    Statement extended(database, *withRowId);
+    Statement extended(database, *withRowId, Statement::Use::once);
     readRows(extended, result, true);
   } else {
     result.table.clear();
@@ -78,7 +78,7 @@ ado::Result readSelect(sqlite3* database, const JetStatement& select) {
 }  // namespace
 
 SqliteSession::SqliteSession(const std::filesystem::path& path)
-    : path_(path), identity_(FileIdentity::of(path)), database_(checked(path)) {
+    : path_(path), identity_(FileIdentity::of(path)), database_(checked(path)), rest_(path) {
   // The first look at the contents, where a damaged file shows.
   database_.run("SELECT count(*) FROM sqlite_schema");
 }
@@ -87,7 +87,7 @@ ado::Result SqliteSession::query(std::string_view statement) {
   const JetStatement select(statement);
   if (!select.isSelect())
     throw Failure(failure::badStatement, "A recordset opens on a SELECT statement only: " + std::string(statement));
-  return readSelect(database_.handle(), select);
+  return readSelect(database_, select);
 }
 
 std::int32_t SqliteSession::execute(std::string_view statement) {
@@ -95,7 +95,7 @@ std::int32_t SqliteSession::execute(std::string_view statement) {
   if (!command.isCommand())
     throw Failure(failure::badStatement,
                   "A command runs INSERT, UPDATE, DELETE and the like only: " + std::string(statement));
-  Statement prepared(database_.handle(), command.sql());
+  Statement prepared(database_, command.sql(), Statement::Use::once);
   prepareToWrite();
   const int before = sqlite3_total_changes(database_.handle());
   prepared.step();

@@ -6,6 +6,7 @@
 #include "FileIdentity.h"
 #include "JetStatement.h"
 #include "Provider.h"
+#include "Rest.h"
 #include "Statement.h"
 
 namespace tarnel::sqlite {
@@ -17,8 +18,11 @@ class SqliteSession : public ado::Session {
   // Opens an existing database and never creates one. Failures as checkDatabaseFile's.
   explicit SqliteSession(const std::filesystem::path& path);
 
+  const std::filesystem::path& path() const { return path_; }
   // Whether the path still leads to the file that was opened.
   bool isInReach() const { return FileIdentity::of(path_) == identity_; }
+  bool rest() { return rest_.begin(database_.handle(), Database::busyMilliseconds); }
+  bool wake() const { return rest_.isUndisturbed(); }
 
   ado::Result query(std::string_view statement) override;
   std::int32_t execute(std::string_view statement) override;
@@ -33,6 +37,7 @@ class SqliteSession : public ado::Session {
   FileIdentity identity_;
   Database database_;
   bool logIsOn_ = false;
+  Rest rest_;
 };
 
 }  // namespace tarnel::sqlite

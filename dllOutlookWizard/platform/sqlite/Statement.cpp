@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <utility>
-
 #include "Database.h"
 #include "Failure.h"
 
@@ -33,30 +31,28 @@ struct Binder {
 
 }  // namespace
 
-Statement::Statement(sqlite3* database, std::string_view sql) : database_(database) {
-  if (sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &handle_, nullptr) != SQLITE_OK)
-    failOf(database, failure::badStatement);
+Statement::Statement(Database& database, std::string_view sql, Use use)
+    : database_(database), use_(use), prepared_(database.statements().take(database.handle(), sql)) {
+  if (!prepared_) failOf(database.handle(), failure::badStatement);
+  handle_ = prepared_.handle();
 }
 
-Statement::~Statement() { sqlite3_finalize(handle_); }
-
-Statement::Statement(Statement&& other) noexcept
-    : database_(other.database_), handle_(std::exchange(other.handle_, nullptr)) {}
+Statement::~Statement() {
+  if (use_ == Use::again) database_.statements().giveBack(std::move(prepared_));
+}
 
 void Statement::bind(int parameter, const Variant& value) {
-  if (std::visit(Binder{handle_, parameter}, value.value()) != SQLITE_OK) failOf(database_, failure::engine);
+  if (std::visit(Binder{handle_, parameter}, value.value()) != SQLITE_OK) failOf(database_.handle(), failure::engine);
 }
 
 void Statement::bind(int parameter, std::int64_t value) {
-  if (sqlite3_bind_int64(handle_, parameter, value) != SQLITE_OK) failOf(database_, failure::engine);
+  if (sqlite3_bind_int64(handle_, parameter, value) != SQLITE_OK) failOf(database_.handle(), failure::engine);
 }
 
 bool Statement::step() {
   const int result = sqlite3_step(handle_);
-  if (result != SQLITE_ROW && result != SQLITE_DONE) failOf(database_, failure::engine);
+  if (result != SQLITE_ROW && result != SQLITE_DONE) failOf(database_.handle(), failure::engine);
   return result == SQLITE_ROW;
 }
-
-void Statement::reset() { sqlite3_reset(handle_); }
 
 }  // namespace tarnel::sqlite

@@ -1,23 +1,24 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
+#include "StatementCache.h"
 #include "Variant.h"
-
-struct sqlite3;
-struct sqlite3_stmt;
 
 namespace tarnel::sqlite {
 
-// A prepared statement of the engine's own SQL. Failures as Database reports them.
+class Database;
+
+// One use of a prepared statement of the engine's own SQL. Failures as Database reports them.
 class Statement {
  public:
+  // A text without values in it may be kept with its database, prepared for the next use.
+  enum class Use { once, again };
+
   // Prepares the first statement of `sql`. Failure badStatement when it can't be read.
-  Statement(sqlite3* database, std::string_view sql);
+  Statement(Database& database, std::string_view sql, Use use);
   ~Statement();
-  Statement(Statement&& other) noexcept;
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
 
@@ -26,13 +27,13 @@ class Statement {
   void bind(int parameter, std::int64_t value);
   // Moves to the next row; false behind the last one.
   bool step();
-  // Ready to run again; the parameters stay.
-  void reset();
 
   sqlite3_stmt* handle() const { return handle_; }
 
  private:
-  sqlite3* database_;
+  Database& database_;
+  Use use_;
+  StatementCache::Lease prepared_;
   sqlite3_stmt* handle_ = nullptr;
 };
 
