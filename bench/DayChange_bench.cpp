@@ -97,8 +97,9 @@ void readDay(Engine& tasks, Engine& mailbox, int day) {
                                   from + ", '1 day') ORDER BY taStartTime");
   while (rows.step()) rows.readRow();
   const std::string midnight = "(strftime('%s', " + from + ") - strftime('%s', '1899-12-30'))";
-  EngineStatement found(mailbox, "SELECT * FROM items WHERE folder = 9 AND recurrence = '' AND startTime >= " +
-                                     midnight + " AND startTime < " + midnight + " + 86400 ORDER BY startTime");
+  EngineStatement found(
+      mailbox, "SELECT * FROM items WHERE folder = 9 AND recurrence = '' AND kind = 1 AND startTime >= " + midnight +
+                   " AND startTime < " + midnight + " + 86400 ORDER BY startTime");
   EngineStatement properties(mailbox, "SELECT name, value FROM userProperties WHERE item = ?");
   while (found.step()) {
     found.readRow();

@@ -121,6 +121,10 @@ ItemRecord readItem(const StoreStatement& row) {
   return item;
 }
 
+bool isStored(Store& store, std::int64_t id) {
+  return store.prepare("SELECT 1 FROM items WHERE id = ?").bind(id).step();
+}
+
 std::optional<ItemRecord> findItem(Store& store, std::int64_t id) {
   static const std::string sql = "SELECT " + std::string(itemColumns) + " FROM items i WHERE i.id = ?";
   StoreStatement rows = store.prepare(sql);
@@ -165,7 +169,7 @@ bool updateItem(Store& store, const ItemRecord& before, const ItemRecord& item) 
     if (SqlValue value = column.value(item); value != column.value(before)) assign(column.name, std::move(value));
   if (item.body && item.body != before.body) assign("body", *item.body);
   if (item.extras && item.extras != before.extras) assign("extras", *item.extras);
-  // A save without a change still finds out whether the item is there.
+  // Where only a property was set this still finds out whether the item is there.
   if (values.empty()) assign("modified", item.modified);
   store.prepare("UPDATE items SET " + assignments + " WHERE id = ?").bind(values).bind(item.id).run();
   return changedARow(store);

@@ -65,6 +65,7 @@ extern const std::string_view itemColumns;
 inline constexpr int itemColumnCount = 28;
 ItemRecord readItem(const StoreStatement& row);
 
+bool isStored(Store& store, std::int64_t id);
 std::optional<ItemRecord> findItem(Store& store, std::int64_t id);
 std::optional<ItemRecord> findException(Store& store, std::int64_t series, WallSeconds original);
 // Reads the long texts that the record has not yet.

@@ -17,7 +17,7 @@ ItemRecord& ItemState::change() {
 }
 
 std::string ItemState::entryId() const {
-  if (record_.id == 0 && !record_.series) return {};
+  if (isNew()) return {};
   return entryIdOf(mailbox_->store, record_).text();
 }
 
@@ -55,26 +55,34 @@ void ItemState::setProperty(std::string_view name, std::string value) {
   auto& all = properties();
   const auto found = std::find_if(all.begin(), all.end(),
                                   [&](const Property& each) { return equalsIgnoringCase(each.property.name, name); });
-  if (found != all.end())
-    *found = {{found->property.name, std::move(value)}, true};
-  else
+  if (found == all.end())
     all.push_back({{std::string(name), std::move(value)}, true});
+  else if (found->property.value != value)
+    *found = {{found->property.name, std::move(value)}, true};
 }
 
 bool ItemState::hasChanges() const {
   // Each setter goes through change(), also that of a property.
-  return before_.has_value();
+  if (!before_) return false;
+  return record_ != *before_ || (properties_ && std::ranges::any_of(*properties_, &Property::changed));
 }
 
 void ItemState::save() {
   if (erased_) failGone("saved");
-  if (isBareOccurrence() && !hasChanges()) return;
+  // What holds what was set already stays as it is, its time of modification, too.
+  if (!isNew() && !hasChanges()) return requirePresence();
   ItemRecord next = record_;
   mailbox_->store.write([&] { write(next); });
   record_ = std::move(next);
   before_.reset();
   if (properties_)
     for (Property& each : *properties_) each.changed = false;
+}
+
+void ItemState::requirePresence() const {
+  if (isBareOccurrence()) return;
+  mailbox_->store.requireReach();
+  if (!isStored(mailbox_->store, record_.id)) failGone("saved");
 }
 
 void ItemState::write(ItemRecord& next) {
@@ -113,7 +121,7 @@ void ItemState::writeOccurrence(ItemRecord& next) {
 }
 
 void ItemState::erase() {
-  if (erased_ || (record_.id == 0 && !record_.series)) failGone("deleted");
+  if (erased_ || isNew()) failGone("deleted");
   Store& store = mailbox_->store;
   std::int64_t folder = schema::deletedItems;
   store.write([&] {
@@ -129,10 +137,9 @@ void ItemState::erase() {
 }
 
 void ItemState::failGone(const char* operation) const {
-  const bool isNew = record_.id == 0 && !record_.series;
   throw Failure(failure::automation,
                 "The item \"" + record_.subject + "\" can't be " + operation + ": it " +
-                    (isNew ? "was never saved." : "was moved or deleted. Read the folder again."),
+                    (isNew() ? "was never saved." : "was moved or deleted. Read the folder again."),
                 "Outlook.Item");
 }
 

@@ -43,11 +43,13 @@ class ItemState {
     bool changed = false;
   };
 
+  bool isNew() const { return record_.id == 0 && !record_.series; }
   bool isBareOccurrence() const { return record_.id == 0 && record_.series.has_value(); }
   // Where the texts and properties stand that were not set through this object; 0 for a new item.
   std::int64_t sourceId() const { return isBareOccurrence() ? *record_.series : record_.id; }
   std::vector<Property>& properties();
   bool hasChanges() const;
+  void requirePresence() const;
   void write(ItemRecord& next);
   void writeOccurrence(ItemRecord& next);
   [[noreturn]] void failGone(const char* operation) const;

@@ -98,6 +98,12 @@ constexpr std::string_view occurrenceRows =
     "WHERE NOT EXISTS (SELECT 1 FROM deletedOccurrences d WHERE d.series = o.series AND d.original = o.original) "
     "AND NOT EXISTS (SELECT 1 FROM items x WHERE x.series = o.series AND x.original = o.original)";
 
+// The items that are no series. A calendar holds appointments alone; saying so lets the indexes by time serve it.
+std::string singlesOf(const ItemQuery& query) {
+  return std::string("i.folder = ? AND i.recurrence = ''") +
+         (query.folder == schema::calendar ? " AND i.kind = 1" : "");
+}
+
 // Single items of a span start no earlier than the longest of them lasts: with that the index by start bounds both
 // sides of the search.
 void boundSingles(Store& store, const ItemQuery& query, std::string& sql, std::vector<SqlValue>& values) {
@@ -106,9 +112,8 @@ void boundSingles(Store& store, const ItemQuery& query, std::string& sql, std::v
     values.emplace_back(*query.span.to);
   }
   if (!query.span.from) return;
-  StoreStatement longest = store.prepare(
-      "SELECT endTime - startTime FROM items WHERE folder = ? AND recurrence = '' ORDER BY endTime - startTime DESC "
-      "LIMIT 1");
+  StoreStatement longest = store.prepare("SELECT i.endTime - i.startTime FROM items i WHERE " + singlesOf(query) +
+                                         " ORDER BY i.endTime - i.startTime DESC LIMIT 1");
   const WallSeconds length = longest.bind(query.folder).step() ? longest.number(0) : 0;
   sql += " AND i.startTime >= ?";
   values.emplace_back(*query.span.from - length);
@@ -118,7 +123,7 @@ std::string_view sortKey(const ItemQuery& query) { return query.sort.empty() ? "
 
 std::vector<ItemRecord> select(Mailbox& mailbox, const ItemQuery& query) {
   const std::string columns = "SELECT " + std::string(itemColumns) + ", " + std::string(sortKey(query)) + " AS sortKey";
-  std::string sql = columns + " FROM items i WHERE i.folder = ? AND i.recurrence = ''";
+  std::string sql = columns + " FROM items i WHERE " + singlesOf(query);
   std::vector<SqlValue> values{query.folder};
   boundSingles(mailbox.store, query, sql, values);
   sql += query.andCondition() + " UNION ALL " + columns + " FROM (" + std::string(occurrenceRows) + ") i WHERE 1" +

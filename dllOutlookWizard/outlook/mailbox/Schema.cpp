@@ -54,9 +54,9 @@ CREATE TABLE items(
   complete INTEGER GENERATED ALWAYS AS (status = 2) VIRTUAL);
 CREATE INDEX itemsByFolder ON items(folder) WHERE series IS NULL;
 CREATE INDEX itemsByCompletion ON items(folder, complete) WHERE series IS NULL;
-CREATE INDEX itemsByStart ON items(folder, startTime, endTime) WHERE recurrence = '';
-CREATE INDEX itemsByEnd ON items(folder, endTime, startTime) WHERE recurrence = '';
-CREATE INDEX itemsByLength ON items(folder, endTime - startTime) WHERE recurrence = '';
+CREATE INDEX itemsByStart ON items(folder, startTime, endTime) WHERE recurrence = '' AND kind = 1;
+CREATE INDEX itemsByEnd ON items(folder, endTime, startTime) WHERE recurrence = '' AND kind = 1;
+CREATE INDEX itemsByLength ON items(folder, endTime - startTime) WHERE recurrence = '' AND kind = 1;
 CREATE INDEX seriesByEnd ON items(folder, seriesEnd, weekdays, monthDays, startTime) WHERE recurrence <> '';
 CREATE INDEX itemsByUid ON items(uid);
 CREATE UNIQUE INDEX exceptionsBySeries ON items(series, original) WHERE series IS NOT NULL;
