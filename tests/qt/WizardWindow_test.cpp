@@ -193,43 +193,42 @@ TEST_F(WizardWindow, aChangedSettingLocksTheOtherTabsUntilItIsCancelled) {
 TEST_F(WizardWindow, tabGoesAroundAllThatCanBeSeenAsTheEyeDoesAndEachHasAName) {
   addTask("T1", "Pay the rent");
   for (const bool appointments : {false, true})
-    run(
-        [&] {
-          const char* rightSide = appointments ? "ctDaySked(1)" : "smtTaskList(1)";
-          std::set<QWidget*> reached;
-          QPoint last;
-          view("tabWiz").setFocus();
-          // A date box keeps the focus for each of its parts.
-          for (int presses = 0; presses < 60; ++presses) {
-            QWidget* at = QApplication::focusWidget();
-            if (presses > 0 && at == &view("tabWiz")) break;
-            reached.insert(at);
-            const QString name = QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name);
-            EXPECT_FALSE(name.isEmpty() || name.startsWith("smt") || name.startsWith("ct")) << name.toStdString();
-            // Downwards on the left side, then on the right one, then the buttons below both.
-            const QPoint place = at->mapTo(window_, QPoint(0, 0));
-            const bool samePane = (place.x() < window_->width() / 2) == (last.x() < window_->width() / 2);
-            if (at->cursor().shape() == Qt::SplitHCursor) {
-              EXPECT_TRUE(reached.contains(&view(rightSide))) << "the bar comes behind what it divides";
-            } else {
-              EXPECT_TRUE(!samePane || place.y() + 3 >= last.y()) << name.toStdString();
-              last = place;
-            }
-            type(Qt::Key_Tab);
-          }
-          std::set<QWidget*> wanted;
-          for (auto* widget : window_->findChildren<QWidget*>())
-            if (widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy() &&
-                !qobject_cast<QAbstractButton*>(widget))
-              wanted.insert(widget);
-          for (QWidget* widget : wanted) {
-            if (widget->inherits("QLineEdit")) continue;  // stands for its date box
-            EXPECT_TRUE(reached.contains(widget)) << widget->metaObject()->className();
-          }
-          EXPECT_TRUE(reached.contains(&button("smtActions", "&Done")));
-          EXPECT_EQ(QAccessible::queryAccessibleInterface(&view("lblShow(3)"))->text(QAccessible::Name), "Tarnel");
-        },
-        appointments);
+    run([&] {
+      const char* rightSide = appointments ? "ctDaySked(1)" : "smtTaskList(1)";
+      std::set<QWidget*> reached;
+      QPoint last;
+      view("tabWiz").setFocus();
+      if (appointments) type(Qt::Key_A, Qt::AltModifier);
+      // A date box keeps the focus for each of its parts.
+      for (int presses = 0; presses < 60; ++presses) {
+        QWidget* at = QApplication::focusWidget();
+        if (presses > 0 && at == &view("tabWiz")) break;
+        reached.insert(at);
+        const QString name = QAccessible::queryAccessibleInterface(at)->text(QAccessible::Name);
+        EXPECT_FALSE(name.isEmpty() || name.startsWith("smt") || name.startsWith("ct")) << name.toStdString();
+        // Downwards on the left side, then on the right one, then the buttons below both.
+        const QPoint place = at->mapTo(window_, QPoint(0, 0));
+        const bool samePane = (place.x() < window_->width() / 2) == (last.x() < window_->width() / 2);
+        if (at->cursor().shape() == Qt::SplitHCursor) {
+          EXPECT_TRUE(reached.contains(&view(rightSide))) << "the bar comes behind what it divides";
+        } else {
+          EXPECT_TRUE(!samePane || place.y() + 3 >= last.y()) << name.toStdString();
+          last = place;
+        }
+        type(Qt::Key_Tab);
+      }
+      std::set<QWidget*> wanted;
+      for (auto* widget : window_->findChildren<QWidget*>())
+        if (widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy() &&
+            !qobject_cast<QAbstractButton*>(widget))
+          wanted.insert(widget);
+      for (QWidget* widget : wanted) {
+        if (widget->inherits("QLineEdit")) continue;  // stands for its date box
+        EXPECT_TRUE(reached.contains(widget)) << widget->metaObject()->className();
+      }
+      EXPECT_TRUE(reached.contains(&button("smtActions", "&Done")));
+      EXPECT_EQ(QAccessible::queryAccessibleInterface(&view("lblShow(3)"))->text(QAccessible::Name), "Tarnel");
+    });
 }
 
 TEST_F(WizardWindow, allCommandsAndTheWholeDateAreSeenAtTheFirstSize) {

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
+#include <QStyleOptionButton>
 #include <algorithm>
 
 #include "BarButton.h"
@@ -26,19 +27,30 @@ QFont smallerFont(int pixelsOff) {
   return font;
 }
 
+// Its caption tells of the menu: it has no arrow beside it.
+class OverflowButton : public QPushButton {
+ public:
+  explicit OverflowButton(QWidget* parent) : QPushButton(QStringLiteral("\u00BB"), parent) {}
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override {
+    QPushButton::initStyleOption(option);
+    option->features &= ~QStyleOptionButton::HasMenu;
+  }
+};
+
 }  // namespace
 
 BarView::BarView(SmartUI& control, ViewSite& site, QWidget* parent)
-    : ItemsPanel(control, site, parent), overflow_(new QPushButton(QStringLiteral("\u00BB"), this)) {
+    : ItemsPanel(control, site, parent), overflow_(new OverflowButton(this)) {
   overflow_->setAccessibleName(tr("More commands"));
   overflow_->setToolTip(tr("More commands"));
   auto* menu = new QMenu(overflow_);
   menu->setToolTipsVisible(true);
   connect(menu, &QMenu::aboutToShow, this, [this] { fillOverflow(); });
   overflow_->setMenu(menu);
-  overflow_->setStyleSheet(QStringLiteral("QPushButton::menu-indicator{width:0}"));
   overflow_->hide();
-  catchUp();
+  build();
 }
 
 void BarView::build() {
@@ -48,9 +60,9 @@ void BarView::build() {
   }
   places_.clear();
   for (SmartItem& item : control().Items())
-    if (QWidget* widget = makeWidget(item)) places_.push_back({&item, widget});
+    if (QWidget* widget = makeWidget(item)) places_.push_back({&item, widget, 0});
   overflow_->raise();  // the last for the Tab key, too
-  arrange();
+  arrangeWhereSized();
 }
 
 QWidget* BarView::makeWidget(SmartItem& item) {
@@ -85,7 +97,7 @@ void BarView::show(SmartItem& item) {
     if (auto* button = dynamic_cast<BarButton*>(place.widget)) button->showState();
     if (auto* label = dynamic_cast<QLabel*>(place.widget)) label->setText(text(item.Caption()));
   }
-  arrange();
+  arrangeWhereSized();
 }
 
 // A line between two groups goes with the group behind it, up to the next line.
@@ -96,12 +108,17 @@ bool BarView::dividesNothing(const Place& separator) const {
   return true;
 }
 
-int BarView::widthOf(const Place& place, int padding) const {
+int BarView::bareWidthOf(const Place& place) const {
   const bool separates = place.item->Type() == ItemType::separator;
   if (!place.item->Visible() || (separates && dividesNothing(place))) return 0;
-  if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(padding) + placeGap;
+  if (const auto* button = dynamic_cast<BarButton*>(place.widget)) return button->widthWith(0) + placeGap;
   if (separates) return separatorWidth + placeGap;
   return place.widget->sizeHint().width() + placeGap;
+}
+
+int BarView::widthOf(const Place& place, int padding) const {
+  const bool padded = place.bareWidth > 0 && dynamic_cast<BarButton*>(place.widget);
+  return place.bareWidth + (padded ? 2 * padding : 0);
 }
 
 int BarView::widthOfAll(int padding) const {
@@ -111,10 +128,11 @@ int BarView::widthOfAll(int padding) const {
 }
 
 void BarView::useFont(const QFont& font) {
-  for (const Place& place : places_) {
+  for (Place& place : places_) {
     QFont own = font;
     own.setBold(place.item->Bold());
     place.widget->setFont(own);
+    place.bareWidth = bareWidthOf(place);
   }
 }
 
@@ -125,6 +143,10 @@ int BarView::fittingPadding() {
       if (widthOfAll(padding) <= width()) return padding;
   }
   return BarButton::narrowestPadding;
+}
+
+void BarView::arrangeWhereSized() {
+  if (!testAttribute(Qt::WA_PendingResizeEvent)) arrange();
 }
 
 void BarView::arrange() {

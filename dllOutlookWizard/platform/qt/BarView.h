@@ -21,16 +21,20 @@ class BarView : public ItemsPanel {
   struct Place {
     SmartItem* item;
     QWidget* widget;
+    int bareWidth = 0;  // in its font, without padding; none where it is not to be seen
   };
   QWidget* makeWidget(SmartItem& item);
   QWidget* makeLabel(const SmartItem& item);
   bool dividesNothing(const Place& separator) const;
+  int bareWidthOf(const Place& place) const;
   int widthOf(const Place& place, int padding) const;
   int widthOfAll(int padding) const;
   void useFont(const QFont& font);
   // Leaves the buttons with the widest font and padding with which all fit, else with the narrowest.
   int fittingPadding();
   void arrange();
+  // Now, or as soon as the bar has the width that is meant for it.
+  void arrangeWhereSized();
   void fillOverflow();
 
   std::vector<Place> places_;

@@ -56,7 +56,7 @@ FormItemsView::FormItemsView(SmartUI& control, ViewSite& site, QWidget* parent)
   area_->setWidgetResizable(true);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area_->setFocusPolicy(Qt::NoFocus);
-  catchUp();
+  build();
 }
 
 void FormItemsView::build() {

@@ -19,19 +19,13 @@ QPoint corner(const Form& form) { return {pixels(form.Left()), pixels(form.Top()
 }  // namespace
 
 FormWindow::FormWindow(Form& form, const ViewFactory& views, QWidget* parent)
-    : QWidget(parent, parent ? Qt::Dialog : Qt::Window), form_(form) {
+    : QWidget(parent, parent ? Qt::Dialog : Qt::Window), form_(form), factory_(views) {
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_QuitOnClose, false);  // the end of a form is none of its host's
   setFont(formFont());
   setWindowTitle(text(form.Caption()));
   setObjectName(text(form.Name()));
-  for (Control* control : form.controls()) {
-    QWidget* container = control->container() ? view(*control->container()) : nullptr;
-    QWidget* made = views.make(*control, *this, container ? container : this);
-    if (!made) continue;
-    viewOf_[control] = made;
-    addView(*control);
-  }
+  addViews(nullptr, *this);
   connections_.push_back(form.placementChanged.connect([this] { followForm(); }));
   connections_.push_back(form.captionChanged.connect([this] { setWindowTitle(text(form_.Caption())); }));
   followForm();
@@ -46,18 +40,30 @@ QWidget* FormWindow::view(const Control& control) const {
   return found == viewOf_.end() ? nullptr : found->second;
 }
 
-void FormWindow::addView(Control& control) {
-  QWidget* view = viewOf_.at(&control);
+void FormWindow::addViews(const Control* container, QWidget& parent) {
+  for (Control* control : form_.controls())
+    if (control->container() == container)
+      if (QWidget* made = factory_.make(*control, *this, &parent)) addView(*control, *made);
+}
+
+void FormWindow::showOrHide(const Control& control) {
+  QWidget& view = *viewOf_.at(&control);
+  if (control.Visible() && filled_.insert(&control).second) addViews(&control, view);
+  view.setVisible(control.Visible());
+}
+
+void FormWindow::addView(Control& control, QWidget& made) {
+  QWidget* view = viewOf_[&control] = &made;
   view->setObjectName(text(control.fullName()));
   // What can't be gone to, a label above all, is called by what it shows.
   if (view->focusPolicy() != Qt::NoFocus) view->setAccessibleName(text(control.accessibleName()));
   if (!control.ToolTipText().empty()) view->setToolTip(qt::toolTip(text(control.ToolTipText())));
   const auto place = [view, &control] { view->setGeometry(pixelRect(control.placement())); };
-  const auto show = [view, &control] { view->setVisible(control.Visible()); };
+  const auto show = [this, &control] { showOrHide(control); };
   const auto enable = [view, &control] { view->setEnabled(control.Enabled()); };
   place(), show(), enable();
   connections_.push_back(control.placementChanged.connect(place));
-  connections_.push_back(control.visibleChanged.connect(show));
+  connections_.push_back(control.visibleChanged.connect([this, show] { show(), tabStopsChanged(); }));
   connections_.push_back(control.enabledChanged.connect(enable));
 }
 
@@ -150,17 +156,13 @@ void FormWindow::addTabStops(const Control* container, QList<QWidget*>& stops) c
 }
 
 void FormWindow::addOwnTabStops(QWidget& top, QList<QWidget*>& stops) const {
+  if (top.window() != this) return;
+  if (top.focusPolicy() & Qt::TabFocus) stops += &top;
   const auto isView = [this](const QWidget* widget) {
     return std::ranges::any_of(viewOf_, [widget](const auto& each) { return each.second == widget; });
   };
-  QList<QWidget*> own = top.findChildren<QWidget*>();
-  own.prepend(&top);
-  for (QWidget* stop : own) {
-    if (!(stop->focusPolicy() & Qt::TabFocus) || stop->window() != this) continue;
-    const QWidget* owner = stop;
-    while (!isView(owner)) owner = owner->parentWidget();
-    if (owner == &top) stops += stop;
-  }
+  for (QObject* child : top.children())
+    if (auto* own = qobject_cast<QWidget*>(child); own && !isView(own)) addOwnTabStops(*own, stops);
 }
 
 }  // namespace tarnel::qt

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <exception>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -22,7 +23,8 @@ class FormWindow : public QWidget, public ViewSite {
   FormWindow(Form& form, const ViewFactory& views, QWidget* parent);
   ~FormWindow() override;
 
-  // None for a control without a view.
+  // None for a control without a view, or inside a container that has never been seen: what a container holds gets its
+  // views when the container first turns visible.
   QWidget* view(const Control& control) const;
 
   // On the screen where the form says, or in its middle when that place is out of sight.
@@ -45,7 +47,9 @@ class FormWindow : public QWidget, public ViewSite {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void addView(Control& control);
+  void addViews(const Control* container, QWidget& parent);
+  void addView(Control& control, QWidget& made);
+  void showOrHide(const Control& control);
   void followForm();
   void tellForm();
   bool formTakesKey(QKeyEvent& event);
@@ -54,7 +58,9 @@ class FormWindow : public QWidget, public ViewSite {
   void addOwnTabStops(QWidget& top, QList<QWidget*>& stops) const;
 
   Form& form_;
+  const ViewFactory factory_;
   std::unordered_map<const Control*, QWidget*> viewOf_;
+  std::unordered_set<const Control*> filled_;  // the containers whose contents have their views
   std::vector<Connection> connections_;
   std::exception_ptr failure_;
   bool broken_ = false;

@@ -14,7 +14,6 @@ ItemsPanel::ItemsPanel(SmartUI& control, ViewSite& site, QWidget* parent)
     if (!outdated_) show(item);
   }));
   connections_.push_back(control.refreshed.connect([this] { update(); }));
-  outdated();
 }
 
 void ItemsPanel::outdated() {

@@ -18,8 +18,8 @@ class ItemsPanel : public QWidget {
   void catchUp();
 
  protected:
-  // Makes the widgets of all items. Those made before are the derived class's to drop, with deleteLater, since this
-  // may run inside an event of one of them.
+  // Makes the widgets of all items, at first in the derived class's constructor. Those made before are the derived
+  // class's to drop, with deleteLater, since this may run inside an event of one of them.
   virtual void build() = 0;
   // One item looks different.
   virtual void show(SmartItem& item) = 0;

@@ -17,7 +17,7 @@ LabelView::LabelView(Label& control, QWidget* parent) : QLabel(parent), control_
   font.setBold(control.look() == Label::Look::band);
   setFont(font);
   onCaption_ = control.captionChanged.connect([this] { captionChanged(); });
-  captionChanged();
+  setText(qt::text(control.Caption()));  // whether it fits is seen when the label has its size
 }
 
 void LabelView::captionChanged() {
