@@ -16,8 +16,9 @@ struct Entry {
   std::size_t end;  // of its TAB
 };
 
-std::optional<Entry> findEntry(const std::string& contents, std::string_view name) {
-  const std::string lead = toUpper(name) + "=";
+std::string leadOf(std::string_view name) { return toUpper(name) + "="; }
+
+std::optional<Entry> findEntry(const std::string& contents, const std::string& lead) {
   const std::size_t start = contents.find(lead);
   if (start == std::string::npos) return {};
   const std::size_t end = contents.find(entryEnd, start);
@@ -26,32 +27,35 @@ std::optional<Entry> findEntry(const std::string& contents, std::string_view nam
   return Entry{start, start + lead.size(), end};
 }
 
+void remove(std::string& contents, const Entry& entry) {
+  const std::string text = contents.substr(entry.start, entry.end - entry.start + 1);
+  std::string kept;
+  std::size_t from = 0;
+  for (std::size_t at = entry.start; at != std::string::npos; at = contents.find(text, from)) {
+    kept.append(contents, from, at - from);
+    from = at + text.size();
+  }
+  contents = kept.append(contents, from);
+}
+
 }  // namespace
 
 std::string CStringBag::ReadItem(std::string_view name) const {
-  const auto entry = findEntry(contents_, name);
+  const auto entry = findEntry(contents_, leadOf(name));
   // A TAB inside the sought name would put the entry's end before its value.
   if (!entry || entry->value > entry->end) return {};
   return contents_.substr(entry->value, entry->end - entry->value);
 }
 
 void CStringBag::RemoveItem(std::string_view name) {
-  const auto entry = findEntry(contents_, name);
-  if (!entry) return;
-  const std::string text = contents_.substr(entry->start, entry->end - entry->start + 1);
-  std::string kept;
-  std::size_t from = 0;
-  for (std::size_t at = entry->start; at != std::string::npos; at = contents_.find(text, from)) {
-    kept.append(contents_, from, at - from);
-    from = at + text.size();
-  }
-  contents_ = kept.append(contents_, from);
+  if (const auto entry = findEntry(contents_, leadOf(name))) remove(contents_, *entry);
 }
 
 void CStringBag::WriteItem(std::string_view name, std::string_view value) {
+  const std::string lead = leadOf(name);
   // Removing one entry may join what lay around it to another NAME=, so ask again until none is left.
-  while (findEntry(contents_, name)) RemoveItem(name);
-  contents_.append(toUpper(name)).append("=").append(value).push_back(entryEnd);
+  while (const auto entry = findEntry(contents_, lead)) remove(contents_, *entry);
+  contents_.append(lead).append(value).push_back(entryEnd);
 }
 
 }  // namespace tarnel

@@ -13,12 +13,17 @@ namespace {
                 "Outlook.NameSpace");
 }
 
-std::optional<ItemRecord> find(Mailbox& mailbox, const EntryId& id) {
-  if (!id.original) return findItem(mailbox.store, id.item);
-  if (auto exception = findException(mailbox.store, id.item, *id.original)) return exception;
-  const auto series = findItem(mailbox.store, id.item);
+std::optional<ItemRecord> findOccurrence(Mailbox& mailbox, std::int64_t seriesId, WallSeconds original) {
+  if (auto exception = findException(mailbox.store, seriesId, original)) return exception;
+  const auto series = findItem(mailbox.store, seriesId);
   if (!series) return {};
-  return occurrenceAt(mailbox, *series, *id.original);
+  return occurrenceAt(mailbox, *series, original);
+}
+
+std::optional<ItemRecord> find(Mailbox& mailbox, const EntryId& id) {
+  if (id.original) return findOccurrence(mailbox, id.item, *id.original);
+  if (const ItemRecord* found = mailbox.found.get(mailbox.store, id.item)) return *found;
+  return findItem(mailbox.store, id.item);
 }
 
 }  // namespace

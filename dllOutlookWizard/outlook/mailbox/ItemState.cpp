@@ -81,8 +81,9 @@ void ItemState::save() {
 
 void ItemState::requirePresence() const {
   if (isBareOccurrence()) return;
-  mailbox_->store.requireReach();
-  if (!isStored(mailbox_->store, record_.id)) failGone("saved");
+  Store& store = mailbox_->store;
+  store.requireReach();
+  if (!mailbox_->found.get(store, record_.id) && !isStored(store, record_.id)) failGone("saved");
 }
 
 void ItemState::write(ItemRecord& next) {

@@ -63,7 +63,6 @@ void MailboxTable::Clear() {
   building_.reset();
   inForce_.reset();
   matches_.clear();
-  first_.reset();
   position_.reset();
 }
 
@@ -82,16 +81,14 @@ void MailboxTable::Restrict() {
 bool MailboxTable::FindFirst(bool forward) {
   StoredItems& folder = items();
   matches_.clear();
-  first_.reset();
   position_.reset();
   if (!inForce_) return false;
   Store& store = folder.mailbox()->store;
-  generation_ = store.generation();
   StoreStatement rows = store.prepare("SELECT " + std::string(itemColumns) + " FROM items i" + inForce_->joins +
                                       " WHERE +i.folder = ?" + inForce_->where.sql + " ORDER BY i.id");
   rows.bind(folder.folder()).bind(inForce_->where.values);
   while (rows.step()) {
-    if (forward && matches_.empty()) first_ = readItem(rows);
+    if (forward && matches_.empty()) folder.mailbox()->found.keep(store, readItem(rows));
     matches_.push_back(rows.number(0));
   }
   if (!forward) std::reverse(matches_.begin(), matches_.end());
@@ -108,9 +105,9 @@ bool MailboxTable::FindNext(bool forward) {
 std::vector<Variant> MailboxTable::GetRow() {
   StoredItems& folder = items();
   if (!position_ || *position_ >= matches_.size()) return {};
-  Store& store = folder.mailbox()->store;
-  if (*position_ == 0 && first_ && store.generation() == generation_) return rowOf(*first_);
-  const auto item = findItem(store, matches_[*position_]);
+  const std::int64_t id = matches_[*position_];
+  if (const ItemRecord* found = folder.mailbox()->found.get(folder.mailbox()->store, id)) return rowOf(*found);
+  const auto item = findItem(folder.mailbox()->store, id);
   // Gone or moved away since the search began.
   if (!item || item->folder != folder.folder()) return {};
   return rowOf(*item);

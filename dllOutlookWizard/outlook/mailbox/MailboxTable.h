@@ -64,9 +64,6 @@ class MailboxTable : public outlook::MAPITable, private outlook::TableFilter {
   std::unique_ptr<TableRestriction> building_;
   std::optional<TableSearch> inForce_;
   std::vector<std::int64_t> matches_;
-  // The first match as the search read it, since most searches find no other; stale once the store was changed.
-  std::optional<ItemRecord> first_;
-  std::uint64_t generation_ = 0;         // of the store, as the search began
   std::optional<std::size_t> position_;  // none: before the first match
 };
 

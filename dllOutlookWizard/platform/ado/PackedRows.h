@@ -21,6 +21,7 @@ class PackedRows {
   // The next value, row by row. An empty value counts as Null, a single-precision number as a double.
   void add(const Variant& value);
   void addText(std::string_view text);
+  void addNull() { append(); }
 
   std::size_t size() const { return width_ == 0 ? 0 : cellCount_ / width_; }
   bool empty() const { return cellCount_ == 0; }

@@ -26,7 +26,7 @@ bool RowStore::NameEqual::operator()(std::string_view left, std::string_view rig
   return left == right || equalsIgnoringCase(left, right);
 }
 
-RowStore::RowStore(Result result) : result_(std::move(result)) {
+RowStore::RowStore(Result result) : result_(std::move(result)), shown_(result_.columns.size()) {
   for (std::size_t i = 0; i < columnCount(); ++i) {
     const Column& one = column(i);
     names_.emplace(one.name, i);
@@ -49,13 +49,9 @@ std::size_t RowStore::columnNamed(std::string_view name) const {
 const Variant& RowStore::shownValue(std::size_t row, std::size_t column) const {
   if (!changed_.empty())
     if (const auto changed = changed_.find(row); changed != changed_.end()) return changed->second[column];
-  if (shown_.row != row) {
-    shown_.row = row;
-    shown_.values.assign(columnCount(), Variant());
-  }
-  Variant& shown = shown_.values[column];
-  if (shown.isEmpty()) shown = result_.rows.value(row, column);
-  return shown;
+  Shown& shown = shown_[column];
+  if (shown.row != row) shown = {row, result_.rows.value(row, column)};
+  return shown.value;
 }
 
 Variant RowStore::value(std::size_t row, std::size_t column) const {

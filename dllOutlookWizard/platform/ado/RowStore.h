@@ -78,9 +78,9 @@ class RowStore {
   std::unordered_map<std::size_t, Row> changed_;  // rows that may differ from what was read, and all appended ones
   struct Shown {
     std::size_t row = static_cast<std::size_t>(-1);
-    Row values;  // empty ones are still to be unpacked
+    Variant value;
   };
-  mutable Shown shown_;
+  mutable std::vector<Shown> shown_;  // of each column the value that was unpacked last
   std::unordered_map<std::string, std::size_t, NameHash, NameEqual> names_;
   std::vector<std::vector<std::size_t>> sameOrigin_;  // a column's group, itself included, ascending
   std::map<std::size_t, Pending> pending_;

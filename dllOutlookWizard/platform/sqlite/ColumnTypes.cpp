@@ -26,15 +26,34 @@ Variant readInteger(std::int64_t value, Type type) {
   return static_cast<std::int32_t>(value);
 }
 
-std::string_view textAt(sqlite3_stmt* row, int column) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-  return {text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
+std::string_view textOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 Variant readText(std::string_view text, Type type) {
   if (type == Type::dateTime)
     if (const auto date = parseIsoDate(text)) return *date;
   return text;
+}
+
+Variant read(sqlite3_value* value, Type type) {
+  switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+      return readInteger(sqlite3_value_int64(value), type);
+    case SQLITE_FLOAT: {
+      const double number = sqlite3_value_double(value);
+      return type == Type::dateTime ? readDate(number) : Variant(number);
+    }
+    case SQLITE_TEXT:
+      return readText(textOf(value), type);
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_value_blob(value));
+      return Bytes(bytes, bytes + sqlite3_value_bytes(value));
+    }
+    default:
+      return Null{};
+  }
 }
 
 }  // namespace
@@ -65,31 +84,20 @@ Type typeDeclaredAs(std::string_view declaration) {
   return Type::any;
 }
 
-Variant readValue(sqlite3_stmt* row, int column, Type type) {
-  switch (sqlite3_column_type(row, column)) {
-    case SQLITE_INTEGER:
-      return readInteger(sqlite3_column_int64(row, column), type);
-    case SQLITE_FLOAT: {
-      const double number = sqlite3_column_double(row, column);
-      return type == Type::dateTime ? readDate(number) : Variant(number);
-    }
-    case SQLITE_TEXT:
-      return readText(textAt(row, column), type);
-    case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(row, column));
-      return Bytes(bytes, bytes + sqlite3_column_bytes(row, column));
-    }
-    default:
-      return Null{};
-  }
-}
+// A column is taken out of its row once: each question to a row costs as much as the answer. That is for connections of
+// one thread only, which all of ours are.
+Variant readValue(sqlite3_stmt* row, int column, Type type) { return read(sqlite3_column_value(row, column), type); }
 
 void appendValue(ado::PackedRows& rows, sqlite3_stmt* row, int column, Type type) {
-  // Most values are texts, and these need no Variant on their way.
-  if (type != Type::dateTime && sqlite3_column_type(row, column) == SQLITE_TEXT)
-    rows.addText(textAt(row, column));
+  sqlite3_value* value = sqlite3_column_value(row, column);
+  // Most values are texts or nothing, and these need no Variant on their way.
+  const int storage = sqlite3_value_type(value);
+  if (storage == SQLITE_NULL)
+    rows.addNull();
+  else if (storage == SQLITE_TEXT && type != Type::dateTime)
+    rows.addText(textOf(value));
   else
-    rows.add(readValue(row, column, type));
+    rows.add(read(value, type));
 }
 
 }  // namespace tarnel::sqlite
