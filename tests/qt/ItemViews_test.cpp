@@ -103,6 +103,15 @@ TEST_F(ItemViews, optionsShowTheirItemsAndNotesTheirValues) {
   for (const auto* label : shown.view(shown.form.settings).findChildren<QLabel*>())
     shownNote = shownNote || label->text().contains("Less &lt; more");
   EXPECT_TRUE(shownNote);
+
+  // In a low window the focus brings its place into sight, wherever it comes from.
+  shown.form.settings.Move(4100, 360, 4200, 600);
+  for (const char* reached : {"PRO1", "TASK4"}) {
+    shown.view(shown.form.tabs).setFocus();
+    auto* field = shown.view(shown.form.settings).findChild<QWidget*>(reached);
+    field->setFocus();
+    EXPECT_FALSE(field->visibleRegion().isEmpty()) << reached;
+  }
 }
 
 TEST_F(ItemViews, itemsMayGoInsideTheirOwnEvents) {

@@ -42,6 +42,7 @@ void Store::requireSoundness() {
     version.step();
     if (version.number(0) > schema::version) failNewerVersion(path_, version.number(0));
   }
+  // The log grows to 8 MB before it is brought into the file, which costs a wait for the disk.
   execute(
       "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; "
       "PRAGMA temp_store = MEMORY; PRAGMA wal_autocheckpoint = 2048;");

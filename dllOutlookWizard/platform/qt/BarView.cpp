@@ -192,6 +192,7 @@ void BarView::fillOverflow() {
 
 void BarView::resizeEvent(QResizeEvent* event) {
   ItemsPanel::resizeEvent(event);
+  catchUp();
   arrange();
 }
 

@@ -77,7 +77,10 @@ void FormItemsView::build() {
     old->deleteLater();
   }
   area_->setWidget(page);
-  for (const Row& row : rows_) show(*row.item);
+  for (const Row& row : rows_) {
+    show(*row.item);
+    row.widget->installEventFilter(this);
+  }
   keepFocus(focused);
 }
 
@@ -156,6 +159,13 @@ void FormItemsView::keepFocus(const std::string& key) {
     row.widget->setObjectName(text(row.item->Key()));
     if (!key.empty() && row.item->Key() == key) row.widget->setFocus();
   }
+}
+
+// The area itself brings only those into sight that the focus reaches from within.
+bool FormItemsView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn && watched->isWidgetType())
+    area_->ensureWidgetVisible(static_cast<QWidget*>(watched), 0, fieldHeight);
+  return false;
 }
 
 void FormItemsView::resizeEvent(QResizeEvent* event) {

@@ -18,6 +18,7 @@ class FormItemsView : public ItemsPanel {
  protected:
   void build() override;
   void show(SmartItem& item) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
