@@ -126,11 +126,30 @@ TEST_F(SqliteProviderTest, aSessionIsSharedAndLeavesTheFileAsIfClosedWhileNobody
   EXPECT_EQ(database.describe("SELECT tskGUIDID FROM TASKS"), "A-1\nB-2\n");
 }
 
-TEST_F(SqliteProviderTest, aFileThatWasReplacedTakesNoWritesOfTheOldSession) {
-  std::filesystem::copy_file(database.path, folder / "backup.mdb");
-  std::filesystem::rename(folder / "backup.mdb", database.path);
+TEST_F(SqliteProviderTest, aFileThatWasReplacedTakesNoWritesOfTheOldSessionAndIsReadBehindIt) {
+  session.reset();
+  for (const char* backup : {"first.mdb", "second.mdb"}) std::filesystem::copy_file(database.path, folder / backup);
+  database.run("DELETE FROM TASKS");
+  session = database.open();
+  std::filesystem::rename(folder / "first.mdb", database.path);
   EXPECT_EQ(failureOf([&] { session->execute("DELETE FROM TASKS"); }), failure::engine);
+  session.reset();
+  EXPECT_EQ(database.describe("SELECT tskGUIDID FROM TASKS"), "A-1\nB-2\n");
+  session = database.open();
+  std::filesystem::rename(folder / "second.mdb", database.path);
   EXPECT_NE(database.open(), session);
+}
+
+TEST_F(SqliteProviderTest, aLogThatIsPutBackWithItsFileIsRead) {
+  session->execute("DELETE FROM TASKS WHERE tskGUIDID = 'A-1'");
+  const auto file = [&](const char* ending) { return std::filesystem::path(database.path.string() + ending); };
+  const auto kept = [&](const char* ending) { return folder / (std::string("kept") + ending); };
+  for (const char* ending : {"", "-wal"}) std::filesystem::copy_file(file(ending), kept(ending));
+  session->execute("DELETE FROM TASKS");
+  session.reset();
+  for (const char* ending : {"", "-wal"})
+    std::filesystem::copy_file(kept(ending), file(ending), std::filesystem::copy_options::overwrite_existing);
+  EXPECT_EQ(database.describe("SELECT tskGUIDID FROM TASKS"), "B-2\n");
 }
 
 TEST_F(SqliteProviderTest, readingLeavesAForeignDatabaseAsItIs) {

@@ -98,7 +98,8 @@ constexpr std::string_view occurrenceRows =
     "WHERE NOT EXISTS (SELECT 1 FROM deletedOccurrences d WHERE d.series = o.series AND d.original = o.original) "
     "AND NOT EXISTS (SELECT 1 FROM items x WHERE x.series = o.series AND x.original = o.original)";
 
-// The items that are no series. A calendar holds appointments alone; saying so lets the indexes by time serve it.
+// The items that are no series. A calendar holds appointments (kind 1) alone; saying so lets the indexes by time serve
+// it.
 std::string singlesOf(const ItemQuery& query) {
   return std::string("i.folder = ? AND i.recurrence = ''") +
          (query.folder == schema::calendar ? " AND i.kind = 1" : "");

@@ -5,7 +5,7 @@ namespace tarnel::mailbox::schema {
 // items: `original` is the moment, in the series' zone, at which an exception of a series would have stood;
 // `seriesEnd` is where the last occurrence ends (local wall seconds), `weekdays` and `monthDays` are masks of the days
 // that an occurrence can touch, so that a day's series are found without expanding the others. `extras` keeps the
-// lines of an imported component that no other column stands for.
+// lines of an imported component that no other column stands for. Kind 1 is an appointment: tasks have no times.
 const char* creation() {
   return R"sql(
 CREATE TABLE store(id BLOB NOT NULL);

@@ -14,21 +14,17 @@ constexpr int busyMilliseconds = 1000;
 }  // namespace
 
 Store::Store(const std::filesystem::path& path)
-    : path_(path),
-      folder_(folderOf(path)),
-      identity_(FileIdentity::of(path)),
-      rest_(path),
-      database_(nullptr, sqlite3_close) {
-  inspectMailbox(path_);
+    : file_(path), folder_(folderOf(path)), database_(nullptr, sqlite3_close) {
+  inspectMailbox(path);
   open();
   requireSoundness();
 }
 
-Store::~Store() { rest(); }
+Store::~Store() { file_.emptyLog(database_.get(), busyMilliseconds); }
 
 void Store::open() {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path_.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int result = sqlite3_open_v2(path().c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   database_.reset(opened);
   if (result != SQLITE_OK) fail(result);
   sqlite3_extended_result_codes(opened, 1);
@@ -40,7 +36,7 @@ void Store::requireSoundness() {
     // The first statement that touches the file: a lock or damage shows here.
     StoreStatement version = prepare("PRAGMA user_version");
     version.step();
-    if (version.number(0) > schema::version) failNewerVersion(path_, version.number(0));
+    if (version.number(0) > schema::version) failNewerVersion(path(), version.number(0));
   }
   // The log grows to 8 MB before it is brought into the file, which costs a wait for the disk.
   execute(
@@ -56,27 +52,27 @@ void Store::requireSoundness() {
   refreshGeneration();
 }
 
-bool Store::rest() { return rest_.begin(database_.get(), busyMilliseconds); }
+bool Store::rest() { return file_.rest(database_.get(), busyMilliseconds); }
 
 bool Store::wake() {
-  if (!rest_.isUndisturbed()) return false;
-  requireWritableFolder(path_, folder_);
+  if (!file_.wake(database_.get())) return false;
+  requireWritableFolder(path(), folder_);
   requireWritable();
   refreshGeneration();
   return true;
 }
 
 void Store::requireWritable() {
-  const sqlite::FileState state = sqlite::FileState::of(path_);
-  if (state.identity != identity_) failOutOfReach(path_);
+  const sqlite::FileState state = sqlite::FileState::of(path());
+  if (state.identity != file_.identity()) failOutOfReach(path());
   // Rights can't change without the file's time of change.
   if (state.changed == writable_) return;
-  requireWritableFile(path_);
+  requireWritableFile(path());
   writable_ = state.changed;
 }
 
 void Store::requireReach() const {
-  if (!isInReach()) failOutOfReach(path_);
+  if (!isInReach()) failOutOfReach(path());
 }
 
 StoreStatement Store::prepare(std::string_view sql) {
@@ -143,19 +139,19 @@ void Store::fail(int result) const {
   switch (result & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      failMailbox(path_, "another program has locked it", "Close that program and try again.");
+      failMailbox(path(), "another program has locked it", "Close that program and try again.");
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      failMailbox(path_, "the file is damaged (" + reason + ")", "Restore it from a copy.");
+      failMailbox(path(), "the file is damaged (" + reason + ")", "Restore it from a copy.");
     case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
-      failMailbox(path_, "it can't be written (" + told + ")", "Make the file and its folder writable.");
+      failMailbox(path(), "it can't be written (" + told + ")", "Make the file and its folder writable.");
     case SQLITE_FULL:
     case SQLITE_IOERR:
-      failDisk(path_, told);
+      failDisk(path(), told);
     default:
       // A table or a column that the layout promises isn't there.
-      failMailbox(path_, "its contents are not those of a mailbox (" + told + ")", "Restore it from a copy.");
+      failMailbox(path(), "its contents are not those of a mailbox (" + told + ")", "Restore it from a copy.");
   }
 }
 

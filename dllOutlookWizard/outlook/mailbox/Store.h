@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "ConnectedFile.h"
 #include "MailboxFile.h"
-#include "Rest.h"
 #include "StoreStatement.h"
 
 struct sqlite3;
@@ -23,20 +23,20 @@ class Store {
  public:
   // Failure when the mailbox is out of reach, whatever the reason; the attempt writes nothing.
   explicit Store(const std::filesystem::path& path);
-  // Leaves all in the file itself, also while others have it open.
+  // Leaves all in the file itself, also while others have it open but don't read it just then.
   ~Store();
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
 
-  const std::filesystem::path& path() const { return path_; }
+  const std::filesystem::path& path() const { return file_.path(); }
   // 16 bytes that no other mailbox has.
   const std::string& id() const { return id_; }
 
   // Failure when the file has gone or was replaced since it was opened.
   void requireReach() const;
-  bool isInReach() const { return FileIdentity::of(path_) == identity_; }
+  bool isInReach() const { return file_.isInReach(); }
 
-  // The end of a use, see Rest; false when the connection can't rest now.
+  // The end of a use, see ConnectedFile; false when the connection can't rest now.
   bool rest();
   // The next use. False when the file was touched meanwhile; Failure when it can't be written.
   bool wake();
@@ -72,10 +72,8 @@ class Store {
   void execute(const char* sql);
   void inTransaction(const char* begin, const std::function<void()>& work);
 
-  std::filesystem::path path_;
+  sqlite::ConnectedFile file_;
   std::filesystem::path folder_;
-  FileIdentity identity_;
-  sqlite::Rest rest_;
   std::int64_t writable_ = 0;  // the file's time of change when its rights were looked at
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_;
   sqlite::StatementCache statements_;

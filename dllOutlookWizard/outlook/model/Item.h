@@ -35,9 +35,10 @@ class UserProperties {
 };
 
 // An item of a folder, or one that was created and not yet saved. It holds what it read of the store; writes go to the
-// item and are in the store behind Save. Whatever goes to the store fails when the store is out of reach (its file
-// removed, replaced, locked or write-protected) or the item is gone from it: Save and Delete, and reads of what was
-// not read yet. Behind Delete an item can be read and no more than that.
+// item and are in the store behind Save, which leaves an item alone that holds all that already. Whatever goes to the
+// store fails when the store is out of reach (its file removed, replaced, locked or write-protected) or the item is
+// gone from it: Save and Delete, and reads of what was not read yet. Behind Delete an item can be read and no more than
+// that.
 class Item {
  public:
   virtual ~Item() = default;

@@ -53,7 +53,8 @@ void FormWindow::showOrHide(const Control& control) {
 }
 
 void FormWindow::addView(Control& control, QWidget& made) {
-  QWidget* view = viewOf_[&control] = &made;
+  QWidget* view = &made;
+  viewOf_[&control] = view;
   view->setObjectName(text(control.fullName()));
   // What can't be gone to, a label above all, is called by what it shows.
   if (view->focusPolicy() != Qt::NoFocus) view->setAccessibleName(text(control.accessibleName()));

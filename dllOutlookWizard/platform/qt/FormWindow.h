@@ -60,7 +60,7 @@ class FormWindow : public QWidget, public ViewSite {
   Form& form_;
   const ViewFactory factory_;
   std::unordered_map<const Control*, QWidget*> viewOf_;
-  std::unordered_set<const Control*> filled_;  // the containers whose contents have their views
+  std::unordered_set<const Control*> filled_;  // what was visible once: its contents have their views
   std::vector<Connection> connections_;
   std::exception_ptr failure_;
   bool broken_ = false;

@@ -77,8 +77,7 @@ ado::Result readSelect(Database& database, const JetStatement& select) {
 
 }  // namespace
 
-SqliteSession::SqliteSession(const std::filesystem::path& path)
-    : path_(path), identity_(FileIdentity::of(path)), database_(checked(path)), rest_(path) {
+SqliteSession::SqliteSession(const std::filesystem::path& path) : file_(path), database_(checked(path)) {
   // The first look at the contents, where a damaged file shows.
   database_.run("SELECT count(*) FROM sqlite_schema");
 }
@@ -126,7 +125,7 @@ std::vector<std::optional<ado::Row>> SqliteSession::reread(const ado::Result& sh
 void SqliteSession::prepareToWrite() {
   // The engine would write on into a file that no path leads to any more.
   if (!isInReach())
-    throw Failure(failure::engine, "The database \"" + path_.string() +
+    throw Failure(failure::engine, "The database \"" + path().string() +
                                        "\" was removed or replaced while it was open, and nothing was written. Put it "
                                        "back, or close the wizard and open it again.");
   if (!logIsOn_) database_.useWriteAheadLog();

@@ -2,11 +2,10 @@
 
 #include <filesystem>
 
+#include "ConnectedFile.h"
 #include "Database.h"
-#include "FileIdentity.h"
 #include "JetStatement.h"
 #include "Provider.h"
-#include "Rest.h"
 #include "Statement.h"
 
 namespace tarnel::sqlite {
@@ -18,11 +17,11 @@ class SqliteSession : public ado::Session {
   // Opens an existing database and never creates one. Failures as checkDatabaseFile's.
   explicit SqliteSession(const std::filesystem::path& path);
 
-  const std::filesystem::path& path() const { return path_; }
+  const std::filesystem::path& path() const { return file_.path(); }
   // Whether the path still leads to the file that was opened.
-  bool isInReach() const { return FileIdentity::of(path_) == identity_; }
-  bool rest() { return rest_.begin(database_.handle(), Database::busyMilliseconds); }
-  bool wake() const { return rest_.isUndisturbed(); }
+  bool isInReach() const { return file_.isInReach(); }
+  bool rest() { return file_.rest(database_.handle(), Database::busyMilliseconds); }
+  bool wake() { return file_.wake(database_.handle()); }
 
   ado::Result query(std::string_view statement) override;
   std::int32_t execute(std::string_view statement) override;
@@ -33,11 +32,9 @@ class SqliteSession : public ado::Session {
  private:
   void prepareToWrite();
 
-  std::filesystem::path path_;
-  FileIdentity identity_;
+  ConnectedFile file_;
   Database database_;
   bool logIsOn_ = false;
-  Rest rest_;
 };
 
 }  // namespace tarnel::sqlite

@@ -10,7 +10,7 @@ namespace tarnel::sqlite {
 // The connections of a program, one a file: all who ask for a file share one. What the last of them lets go of rests,
 // ready for who asks next, because opening a file costs more than most of what is done with it; only the connection
 // that was used last is kept so. A Connection tells its path(), whether that path still leads to its file
-// (isInReach()), comes to rest() and wakes up again (wake()); see Rest.
+// (isInReach()), comes to rest() and wakes up again (wake()); see ConnectedFile.
 template <class Connection>
 class Connections {
  public:
