@@ -44,7 +44,7 @@ printf 'click smtTaskActions(0) ALL\nclick smtTaskActions(0) UPDATE\n' |
   "$build/bin/tarnel" drive --database "$work/run.db" --mailbox "$work/run.db.mailbox"
 END
 chmod +x "$work/drive"
-sync() { seconds vdirsyncer -c "$work/config" sync; }
+peer() { seconds vdirsyncer -c "$work/config" sync; }
 itemsCopied() { sqlite3 "$work/run.db.mailbox" "SELECT count(*) FROM items"; }
 
 for pair in $(seq "$pairs"); do
@@ -53,8 +53,8 @@ for pair in $(seq "$pairs"); do
   yes | vdirsyncer -c "$work/config" discover > /dev/null 2>&1
   cp "$work/fresh.db" "$work/run.db"
   cp "$work/fresh.db.mailbox" "$work/run.db.mailbox"
-  echo "$(sync) $(seconds "$work/drive")" >> "$work/first"
-  echo "$(sync) $(seconds "$work/drive")" >> "$work/second"
+  echo "$(peer) $(seconds "$work/drive")" >> "$work/first"
+  echo "$(peer) $(seconds "$work/drive")" >> "$work/second"
   test "$(ls "$work/copy/tasks" | wc -l)" = "$tasks" && test "$(itemsCopied)" = "$tasks" ||
     { echo "Not all tasks were copied." >&2; exit 1; }
 done

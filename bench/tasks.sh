@@ -19,8 +19,10 @@ makeTasks() {
       '2026-01-02 10:00:00', '2026-03-04 11:15:00' FROM n;"
 }
 
-# seconds COMMAND...: its wall time, its output thrown away; the script ends when it fails.
+# seconds COMMAND...: its wall time, its output thrown away; the script ends when it fails. What was written before is
+# on the disk by then.
 seconds() {
+  sync
   python3 - "$@" << 'END'
 import subprocess, sys, time
 start = time.monotonic()
