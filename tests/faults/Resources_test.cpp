@@ -1,8 +1,5 @@
 #include <sqlite3.h>
 
-#include <set>
-
-#include "BothSides.h"
 #include "Story.h"
 
 namespace tarnel {
@@ -11,15 +8,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // What the built program tells when the machine gives it too little, and that both stores are sound behind it.
-class Resources : public test::Story {
- protected:
-  void addTasks(int count, bool current = true) {
-    change("INSERT INTO TASKS (tskGUIDID, tskDesc, tskCurrent) SELECT 'K' & n, 'Task K' & n, " +
-           std::string(current ? "1" : "0") +
-           " FROM (WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c WHERE n < " + std::to_string(count) +
-           ") SELECT n FROM c)");
-  }
-
+struct Resources : test::Story {
   // The copy under a shell's limit. It ends by itself, with its last line, and well only where no failure was reported.
   test::ProgramResult copyUnder(const std::string& limit) {
     run.home.write("input", test::onAll("0", "UPDATE"));
@@ -38,17 +27,9 @@ class Resources : public test::Story {
   std::string contents(const char* name) const { return test::contentsOf(run.home / name); }
 
   void expectSound(const std::string& place, std::size_t tasks) {
-    for (const auto& file : {run.home / "tasks.db", run.home / mailboxFile})
-      EXPECT_EQ(test::integrityOf(file), "ok") << place;
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM TASKS"), std::to_string(tasks) + "\n") << place;
-    std::set<std::string> links;
-    for (const auto& item : items()) {
-      const std::string link = item["userProperties"].value("BrackwellTarnelGUID", "");
-      if (link.empty()) continue;
-      EXPECT_EQ(item["subject"], "Task " + link) << place;
-      EXPECT_TRUE(links.insert(link).second) << place << ": doubled " << link;
-    }
-    linked_ = links.size();
+    const Stock stock = soundStock(place);
+    EXPECT_EQ(stock.tasks, tasks) << place;
+    linked_ = stock.linked;
   }
 
   // The next run brings every task to Outlook once.

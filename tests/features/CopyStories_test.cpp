@@ -23,17 +23,11 @@ TEST_F(CopyStories, firstCopyCarriesTheFieldsAndLeavesTheRest) {
   addTask("B", "Elsewhere", {{"tskCurrent", "0"}});
   const auto result = drive(copy + "list smtTaskList(0)\n" + copy.substr(copy.find("click smtTaskActions(0) UPDATE")));
   EXPECT_EQ(told(result), toldCopied + "says: Outlook Tasks created: 0. Tasks in Outlook updated: 0.\nreturned\n");
-  const nlohmann::json row = result.reply("list")["items"][0];
-  EXPECT_EQ(row["caption"], "Pay && sign");
-  EXPECT_EQ(row["picture"], "OUTLOOK");
-  EXPECT_FALSE(row["checked"]);
+  EXPECT_EQ(test::valuesOf(result.reply("list")["items"][0], {"caption", "picture", "checked"}),
+            "Pay && sign|OUTLOOK|false|");
   EXPECT_EQ(mailbox(), "Tasks|Pay & sign|1|A\n");
-  const nlohmann::json item = items()[0];
-  EXPECT_EQ(item["importance"], 2);
-  EXPECT_EQ(item["dueDate"], "2026-12-01 00:00:00");
-  EXPECT_EQ(item["totalWork"], 90);
-  EXPECT_EQ(item["actualWork"], 30);
-  EXPECT_EQ(item["body"], "");
+  EXPECT_EQ(test::valuesOf(items()[0], {"importance", "dueDate", "totalWork", "actualWork", "body"}),
+            "2|2026-12-01 00:00:00|90|30||");
   EXPECT_EQ(rows("SELECT tskGUIDID, tskOutEntityID FROM TASKS ORDER BY tskGUIDID"), "A|A\nB|-\n");
 }
 
@@ -64,8 +58,7 @@ TEST_F(CopyStories, valuesOutsideTheMappingKeepWhatOutlookHolds) {
   change("UPDATE TASKS SET tskStatus = 4, tskDeadline = '1899-12-31 00:00:00', tskTimeNeeded = 7");
   EXPECT_EQ(told(copy), toldUpdated + "returned\n");
   EXPECT_EQ(mailbox(), "Tasks|Odd|1|A\n");
-  EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
-  EXPECT_EQ(items()[0]["totalWork"], 7);
+  EXPECT_EQ(test::valuesOf(items()[0], {"dueDate", "totalWork"}), "2026-12-01 00:00:00|7|");
 }
 
 TEST_F(CopyStories, negativeMinutesStopTheRunAtTheirRowWhichHealsWithThem) {

@@ -3,8 +3,7 @@
 namespace tarnel {
 namespace {
 
-class DamagedDatabase : public test::Story {
- protected:
+struct DamagedDatabase : test::Story {
   using Reports = std::vector<std::string>;
 
   // The wizard must end by itself before it is shown, with these reports, the first of which takes its window down, a
@@ -48,24 +47,24 @@ TEST_F(DamagedDatabase, contentsThatCannotBeEndTheWizardAndChangeNoRow) {
   addTask("A", "Kept");
   EXPECT_EQ(drive("").exitCode, 0) << "makes the rows of the window's place";
   const std::string sound = test::contentsOf(run.home / "tasks.db");
+  const Reports noData{"GetData -2147217900", "loadMySettings 91"},
+      noTasks{"GetDataKEY -2147217900", "GetTarnelTasks 91"};
   struct Damage {
-    const char* statement;
+    std::string statement;
     Reports reports;
     const char* words;
   };
   const Damage damages[] = {
-      {"DROP TABLE Settings", {"GetData -2147217900", "loadMySettings 91"}, "Settings"},
-      {"DROP TABLE PROJECTS", {"GetData -2147217900", "loadMySettings 91"}, "PROJECTS"},
-      {"DROP TABLE TASKS", {"GetDataKEY -2147217900", "GetTarnelTasks 91"}, "TASKS"},
-      {"ALTER TABLE TASKS DROP COLUMN tskNotes", {"GetDataKEY -2147217900", "GetTarnelTasks 91"}, "tskNotes"},
-      {"UPDATE Settings SET SetSettingValue = 'early' WHERE SetSettingName = 'D5Start'", {"loadMySettings 13"}, "(13)"},
+      {"DROP TABLE Settings", noData, "Settings"},
+      {"DROP TABLE PROJECTS", noData, "PROJECTS"},
+      {"DROP TABLE TASKS", noTasks, "TASKS"},
+      {"ALTER TABLE TASKS DROP COLUMN tskNotes", noTasks, "tskNotes"},
+      {setting("D5Start", "early"), {"loadMySettings 13"}, "(13)"},
       {"UPDATE Settings SET SetSettingValue = 'many' WHERE SetSettingSection = 'Points'",
        {"loadMySettings 13"},
        "(13)"},
-      {"UPDATE Settings SET SetSettingValue = 'wide' WHERE SetSettingName = 'meWidth'", {"loadMySettings 13"}, "(13)"},
-      {"UPDATE Settings SET SetSettingValue = '2 or 3' WHERE SetSettingName = 'OutTaskSetting'",
-       {"loadMySettings 13"},
-       "(13)"},
+      {setting("meWidth", "wide"), {"loadMySettings 13"}, "(13)"},
+      {setting("OutTaskSetting", "2 or 3"), {"loadMySettings 13"}, "(13)"},
       {"UPDATE Settings SET SetSettingValue = Null WHERE SetSettingName = 'DDSep'", {"loadMySettings 94"}, "(94)"},
       {"INSERT INTO Settings (SetSettingSection, SetSettingName, SetSettingValue, setSettingDisplayOrd) "
        "VALUES ('Importance Level', 'Importance5', 'Extreme', 5)",

@@ -9,8 +9,7 @@ const std::string yes = "answer yes\n";
 const std::string proceed = "//Proceed? yes\n";
 
 // Each store with a linked pair, one of its own, and one whose other half has gone.
-class DoneAndDeleteStories : public test::Story {
- protected:
+struct DoneAndDeleteStories : test::Story {
   DoneAndDeleteStories() {
     addTask("A", "Linked", {{"tskOutEntityID", "'A'"}, {"tskTimeNeeded", "90"}, {"tskTimeSpent", "30"}});
     addTask("B", "Own");
@@ -35,8 +34,7 @@ TEST_F(DoneAndDeleteStories, doneInTarnelIsDoneForEveryTaskAndItsItems) {
   EXPECT_EQ(tasks(), "A|0|A\nB|0|-\nC|0|C\n");
   EXPECT_EQ(undated(), "");
   EXPECT_EQ(mailbox(), "Tasks|Linked|2|A\nTasks|Outlook's own|0|-\nTasks|Task gone|0|GONE\n");
-  EXPECT_EQ(items()[0]["totalWork"], 90);
-  EXPECT_EQ(items()[0]["actualWork"], 30);
+  EXPECT_EQ(test::valuesOf(items()[0], {"totalWork", "actualWork"}), "90|30|");
 }
 
 TEST_F(DoneAndDeleteStories, doneInOutlookCompletesBothSidesBehindItsQuestion) {

@@ -6,8 +6,7 @@ namespace tarnel {
 namespace {
 
 // The help popup and what it puts on paper, where there is neither screen nor printer.
-class HelpStories : public test::Story {
- protected:
+struct HelpStories : test::Story {
   void SetUp() override {
     if (std::system("command -v pdftotext >/dev/null") != 0) GTEST_SKIP() << "pdftotext reads the printed pages back";
   }

@@ -6,8 +6,7 @@ namespace {
 using test::onAll;
 using test::pickAll;
 
-class ImportStories : public test::Story {
- protected:
+struct ImportStories : test::Story {
   ImportStories() {
     change("INSERT INTO PROJECTS VALUES ('P1', 'From Outlook')");
     change("INSERT INTO PROJECTS VALUES ('P2', 'Garden')");
@@ -37,8 +36,7 @@ TEST_F(ImportStories, pickDecidesWhereANewTaskLands) {
                         {"", "", "||True\n"},
                         {"Tarnel", "", "||False\n"}};
   for (const Pick& pick : picks) {
-    change("UPDATE Settings SET SetSettingValue = '" + std::string(pick.outlookProject) +
-           "' WHERE SetSettingName = 'OutlookProject'");
+    set("OutlookProject", pick.outlookProject);
     const std::string subject = "Under " + std::string(pick.caption) + " " + pick.outlookProject;
     addItem(subject);
     const std::string choice =

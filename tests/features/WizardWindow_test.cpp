@@ -9,8 +9,7 @@ using test::ChildProcess;
 using test::comesTrue;
 
 // The built wizard in a real window on a screen of its own, worked on by keyboard and mouse from outside.
-class WizardWindow : public test::Story {
- protected:
+struct WizardWindow : test::Story {
   void SetUp() override {
     for (const char* program : {"Xvfb", "openbox", "xdotool"})
       if (std::system(("command -v " + std::string(program) + " >/dev/null").c_str()) != 0)

@@ -6,14 +6,12 @@
 #include "TaskDatabase.h"
 #include "TaskDatabaseScript.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
 
 // A task database as the host makes it, with nothing in it but the default settings.
-class SaveSettingsTest : public ::testing::Test {
- protected:
+struct SaveSettingsTest : testing::Test {
   SaveSettingsTest() {
     platform_.use(database_.provider);
     session().theszConnect = database_.connect();

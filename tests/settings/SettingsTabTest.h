@@ -6,14 +6,12 @@
 #include "SettingsItems.h"
 #include "SettingsTab.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
 namespace tarnel {
 
 // A settings tab without a form, three projects, of which "Outlook Tasks" holds the tasks from Outlook, and a record
 // of what the tab raises.
-class SettingsTabTest : public ::testing::Test {
- protected:
+struct SettingsTabTest : testing::Test {
   SettingsTabTest() {
     session().theProjectKeys = {"KEY-A", "KEY-O", "KEY-Z"};
     session().theProjectNames = {"Attic", "Outlook Tasks", "Zoo"};
