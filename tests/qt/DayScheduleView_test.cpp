@@ -17,8 +17,7 @@ namespace {
 
 constexpr std::int32_t day = 46345;
 
-class ScheduleForm : public Form {
- public:
+struct ScheduleForm : Form {
   ScheduleForm() : Form("frmSchedule", "Schedules") {
     Move(1500, 1500, 9100, 6460);
     for (ctMDay* schedule : {&left, &right}) {

@@ -9,34 +9,30 @@
 #include <QTimer>
 #include <functional>
 
-#include "Conversions.h"
 #include "FormWindow.h"
 #include "MailboxFile.h"
 #include "MailboxList.h"
 #include "OutlookFactory.h"
 #include "QtDesktop.h"
-#include "SqliteProvider.h"
+#include "TaskDatabase.h"
 #include "TaskDatabaseScript.h"
 #include "TestPlatform.h"
 #include "clsTarnelOutWizard.h"
-#include "createDatabase.h"
 
 namespace tarnel::qt {
 
 // The whole wizard in its real window, over a real task database and a real mailbox on 2026-11-19. Each test acts by
 // mouse and keyboard inside the modal run.
-class RunningWizard : public testing::Test {
- protected:
+struct RunningWizard : testing::Test {
   RunningWizard() {
-    sqlite::createDatabase(database_, host::taskDatabaseScript());
     mailbox::createMailbox(mailbox_);
     closed_ = wizard_.CloseTheWizard.connect([this] { ++closeEvents_; });
   }
 
   // Opens the wizard, does `act` once its window stands, and closes the window by its close box where `act` has not.
   void run(const std::function<void()>& act, bool appointments = false) {
-    installPlatform({desktop_, platform_.clock, locale_, platform_.registry, provider_, outlook_, platform_.errorReport,
-                     platform_.utilities, platform_.applicationFolder.path()});
+    installPlatform({desktop_, platform_.clock, locale_, platform_.registry, database_.provider, outlook_,
+                     platform_.errorReport, platform_.utilities, platform_.applicationFolder.path()});
     onceShown<FormWindow>([&](FormWindow& window) {
       window_ = &window;
       EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -44,7 +40,7 @@ class RunningWizard : public testing::Test {
       act();
       if (QApplication::activeModalWidget() == &window) window.close();
     });
-    wizard_.Setup(appointments, "DAY", "M60", "Provider=SQLite;Data Source=" + database_.string() + ";");
+    wizard_.Setup(appointments, "DAY", "M60", database_.connect());
     window_ = nullptr;
     EXPECT_TRUE(platform_.errorReport.reports.empty());
   }
@@ -59,12 +55,9 @@ class RunningWizard : public testing::Test {
         onceShown<Window>(act);
     });
   }
-  // Answers the box that comes next by this key, and keeps what it said.
+  // Answers the box that comes next by this key.
   void answerNext(Qt::Key key) {
-    onceShown<QMessageBox>([this, key](QMessageBox& box) {
-      said_ += box.text() + u'\n';
-      QTest::keyClick(&box, key);
-    });
+    onceShown<QMessageBox>([key](QMessageBox& box) { QTest::keyClick(&box, key); });
   }
 
   // The view of the control with this full name.
@@ -80,34 +73,22 @@ class RunningWizard : public testing::Test {
   void press(const char* bar, const char* caption) { QTest::mouseClick(&button(bar, caption), Qt::LeftButton); }
   void type(Qt::Key key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(QApplication::focusWidget(), key, with); }
 
-  void execute(const std::string& statement) { provider_.open(connect())->execute(statement); }
-  // All values of the rows, each with a bar behind it.
-  std::string stored(const std::string& statement) {
-    std::string all;
-    for (const ado::Row& row : provider_.open(connect())->query(statement).rows)
-      for (const Variant& value : row) all += textOrEmpty(value) + "|";
-    return all;
-  }
   void addTask(const std::string& key, const std::string& description) {
-    execute("INSERT INTO TASKS (tskGUIDID, tskDesc, tskCurrent) VALUES ('" + key + "', '" + description + "', 1)");
+    database_.addTask(key, description);
+    database_.run("UPDATE TASKS SET tskCurrent = 1");
   }
-  std::vector<mailbox::ListedItem> items() {
-    mailbox::Mailbox open(mailbox_, locale_, platform_.clock);
-    return mailbox::listItems(open);
-  }
-  // "Folder: subject" of each.
+  // "Folder: subject" of each item.
   std::string outlookItems() {
     std::string all;
-    for (const mailbox::ListedItem& item : items()) all += item.folder + ": " + item.subject + "|";
+    mailbox::Mailbox open(mailbox_, locale_, platform_.clock);
+    for (const mailbox::ListedItem& item : mailbox::listItems(open)) all += item.folder + ": " + item.subject + "|";
     return all;
   }
-  std::string connect() const { return "Provider=SQLite;Data Source=" + database_.string() + ";"; }
 
   test::TestPlatform platform_;
   Locale locale_;
-  std::filesystem::path database_ = platform_.applicationFolder / "Tasks.tarnel";
+  test::TaskDatabase database_{host::taskDatabaseScript()};
   std::filesystem::path mailbox_ = platform_.applicationFolder / "Outlook.mailbox";
-  sqlite::SqliteProvider provider_;
   mailbox::OutlookFactory outlook_{[](const std::string&) { return std::nullopt; }, mailbox_, Locale(),
                                    platform_.clock};
   QtDesktop desktop_;
@@ -115,7 +96,6 @@ class RunningWizard : public testing::Test {
   Connection closed_;
   int closeEvents_ = 0;
   FormWindow* window_ = nullptr;
-  QString said_;
 };
 
 }  // namespace tarnel::qt
