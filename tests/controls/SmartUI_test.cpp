@@ -9,8 +9,7 @@ namespace {
 
 using test::failureOf;
 
-class SmartUIs : public testing::Test {
- protected:
+struct SmartUIs : testing::Test {
   SmartItem& add(const char* key, ItemType type) { return control.Items().Add(0, key, key, type); }
 
   SmartUI control{"smtTaskList", 0, SmartUI::Look::checkList};

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "Failure.h"
 #include "HelpPage.h"
 
 namespace tarnel {
@@ -10,7 +9,6 @@ using test::ShownHelp;
 
 TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT");
   EXPECT_EQ(help.calls,
             "SetPageText SetPageMargins EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 "
@@ -36,7 +34,6 @@ TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
 
 TEST(HelpPrintJob, previewAsksItsOwnQuestionAndPrintsNothing) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT", "PRINTPREVIEW");
   EXPECT_NE(help.calls.find("AfterLoad PreviewDocument AfterOutput"), std::string::npos) << help.calls;
   EXPECT_TRUE(help.output->jobs.empty());
@@ -70,7 +67,6 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
   const auto failing = [](const char* what, auto breakIt) {
     ShownHelp help;
     breakIt(help);
-    help.platform.desktop.answers = {MessageAnswer::yes};
     help.click("PRINT");
     ASSERT_EQ(help.platform.errorReport.reports.size(), 1U) << what;
     const FailureReport& report = help.platform.errorReport.reports[0];
@@ -88,7 +84,6 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
 
 TEST(HelpPrintJob, popupClosedWhileItPreparesStillEndsItsJob) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.platform.desktop.onEvents = [&help] { help.form->unload(); };
   help.click("PRINT");
   EXPECT_EQ(help.output->jobs.size(), 1U);

@@ -9,7 +9,6 @@
 #include "Form.h"
 #include "StandardHandler.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
@@ -31,8 +30,7 @@ class LoadedForm : public Form {
   std::string& log_;
 };
 
-class Failing : public testing::Test {
- protected:
+struct Failing : testing::Test {
   TestPlatform platform;
   std::string unloaded;
 };
@@ -87,16 +85,6 @@ TEST_F(Failing, formsThatFailOrDestroyOthersWhileTheyGoStopNothing) {
   EXPECT_EQ(unloaded, "frmOutWiz frmLast ");
   EXPECT_TRUE(openForms().empty());
   EXPECT_EQ(platform.errorReport.reports.size(), 1U) << "what fails on the way out is not told";
-}
-
-TEST_F(Failing, failureFurtherUpIsReportedInItsTurn) {
-  standardHandler(modules::frmOutWiz, "SetupForm", [] {
-    const bool read = standardHandler<bool>(modules::clsSettings, "GetData",
-                                            [](bool&) { throw Failure(failure::noConnection, "No connection"); });
-    if (!read) failObjectNotSet();
-  });
-  ASSERT_EQ(platform.errorReport.reports.size(), 2U);
-  EXPECT_EQ(platform.errorReport.reports[1].number, failure::objectNotSet);
 }
 
 TEST_F(Failing, questionsAskAndMessagesTellUnderTheProductsTitle) {
