@@ -3,15 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
 
 using test::contentsOf;
 
-class LocateDatabaseTest : public testing::Test {
- protected:
+struct LocateDatabaseTest : testing::Test {
   std::filesystem::path inFolder(std::string_view name) { return platform.applicationFolder / name; }
   std::string settingsFor(const std::filesystem::path& database) {
     return "<Tarnel>\r\n<DBLoc>\r\n" + database.string() + "\r\n</DBLoc>\r\n</Tarnel>\r\n";

@@ -11,8 +11,7 @@ namespace tarnel {
 namespace {
 
 // Runs the wizard as a host does; each test looks into the modal window.
-class WizardTest : public ::testing::Test {
- protected:
+struct WizardTest : testing::Test {
   WizardTest() { platform_.use(database_.provider); }
 
   void run(std::function<void(Form&)> look, Date date = {}) {
