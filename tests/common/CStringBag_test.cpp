@@ -6,7 +6,7 @@
 
 #include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 TEST(CStringBag, keepsEntriesInTheOrderOfWritingEachEndedByATab) {
@@ -49,7 +49,7 @@ TEST(CStringBag, anEntryWithoutItsTabFailsEveryOperation) {
   for (const auto& operation :
        {std::function<void()>([&] { bag.ReadItem("IMP"); }), std::function<void()>([&] { bag.RemoveItem("IMP"); }),
         std::function<void()>([&] { bag.WriteItem("IMP", "4"); })}) {
-    const auto failure = test::thrownBy(operation);
+    const auto failure = thrownBy(operation);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->number(), static_cast<std::int32_t>(0x80044719));
     EXPECT_EQ(failure->description(), "CStringBag component failure");
@@ -59,4 +59,4 @@ TEST(CStringBag, anEntryWithoutItsTabFailsEveryOperation) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -4,10 +4,8 @@
 
 #include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::failureOf;
 
 struct SmartUIs : testing::Test {
   SmartItem& add(const char* key, ItemType type) { return control.Items().Add(0, key, key, type); }
@@ -104,4 +102,4 @@ TEST_F(SmartUIs, chosenEntryBecomesTheValueButACheckEntryDoesNot) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

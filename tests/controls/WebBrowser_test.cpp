@@ -6,7 +6,7 @@
 #include "FooterParts.h"
 #include "TempFolder.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -24,7 +24,7 @@ struct Browser : testing::Test {
     refusal = browser.linkRefused.connect([this](const std::string& url) { refused.push_back(url); });
   }
 
-  test::TempFolder folder;
+  TempFolder folder;
   fs::path home = folder / "tarnel browser";
   fs::path help = home / "help";
   WebBrowser browser{"browsePWindow"};
@@ -87,4 +87,4 @@ TEST(Footer, marksBecomeParts) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -4,10 +4,8 @@
 
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::contentsOf;
 
 struct LocateDatabaseTest : testing::Test {
   std::filesystem::path inFolder(std::string_view name) { return platform.applicationFolder / name; }
@@ -34,7 +32,7 @@ struct LocateDatabaseTest : testing::Test {
   }
   using Texts = std::vector<std::string>;
 
-  test::TestPlatform platform;
+  TestPlatform platform;
   const std::string defaultDatabase = inFolder("TarnelData.mdb").string();
 };
 
@@ -82,4 +80,4 @@ TEST_F(LocateDatabaseTest, aFolderThatCanNotBeWrittenIsTold) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

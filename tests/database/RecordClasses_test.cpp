@@ -11,12 +11,11 @@
 #include "clsUtilCMD.h"
 #include "clsVLProjectsList.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 using ado::CursorType;
 using ado::LockType;
-using test::failureOf;
 using RecordsetPtr = std::shared_ptr<ado::Recordset>;
 
 struct RecordClassesTest : testing::Test {
@@ -50,8 +49,8 @@ struct RecordClassesTest : testing::Test {
   }
   std::string order() { return database.describe("SELECT tskGUIDID, tskCustSortCur FROM TASKS ORDER BY tskGUIDID"); }
 
-  test::TestPlatform platform;
-  test::TaskDatabase database;
+  TestPlatform platform;
+  TaskDatabase database;
   RecordsetPtr rst;
 };
 
@@ -207,4 +206,4 @@ TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatemen
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

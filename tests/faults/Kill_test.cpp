@@ -6,7 +6,7 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -22,7 +22,7 @@ unsigned seed() {
 }
 
 // A user whose machine dies under the wizard, again and again: each run goes on where the last one was killed.
-struct Kill : test::Story {
+struct Kill : Story {
   struct Phase {
     std::string commands;
     nanoseconds length{0};  // of a whole run
@@ -39,7 +39,7 @@ struct Kill : test::Story {
   // False when the run came to its end before its time was up.
   bool killedAfter(nanoseconds time, const std::string& commands) {
     run.home.write("input", commands);
-    test::ChildProcess program("exec 2>/dev/null; " + run.shellCommand(drivingArguments) + " <input");
+    ChildProcess program("exec 2>/dev/null; " + run.shellCommand(drivingArguments) + " <input");
     const timespec wait{static_cast<time_t>(time.count() / 1'000'000'000),
                         static_cast<long>(time.count() % 1'000'000'000)};
     ppoll(nullptr, 0, &wait, nullptr);
@@ -52,8 +52,8 @@ struct Kill : test::Story {
     phase.length = Clock::now() - begin;
   }
 
-  Phase copy_{test::onAll("0", "UPDATE")};
-  Phase remove_{"answer yes\n" + test::onAll("0", "DELETE")};
+  Phase copy_{onAll("0", "UPDATE")};
+  Phase remove_{"answer yes\n" + onAll("0", "DELETE")};
 };
 
 TEST_F(Kill, atAnyMomentLosesAndDoublesNothingAndTheNextRunHeals) {
@@ -86,4 +86,4 @@ TEST_F(Kill, atAnyMomentLosesAndDoublesNothingAndTheNextRunHeals) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

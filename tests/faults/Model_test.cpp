@@ -2,12 +2,10 @@
 #include <iostream>
 #include <numeric>
 #include <random>
-#include <set>
-#include <sstream>
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct Task {
@@ -104,7 +102,7 @@ void expectInOutlook(Sides& sides, Act act, Item& item) {
 }
 
 // Sequences of commands and of what the user does in Outlook meanwhile, each step through the built program.
-struct Model : test::Story {
+struct Model : Story {
   // Empty, or where both sides first went another way than the rules.
   std::string play(const std::vector<Step>& steps, std::string* script = nullptr) {
     restart();
@@ -267,4 +265,4 @@ TEST_F(Model, randomSequencesLeaveBothSidesAsTheRulesSay) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,20 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <iterator>
-#include <map>
-#include <sstream>
 
 #include "BothSides.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::BothSides;
-using test::faults;
-using Kind = test::Faults::Kind;
+using Kind = Faults::Kind;
 using Words = std::vector<std::string>;
 
 // The words between blanks.
@@ -252,4 +247,4 @@ TEST_F(Sweep, runHeedsTheChecksAsTheyAreAtEachRowsTurn) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

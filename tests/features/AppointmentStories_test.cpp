@@ -2,11 +2,11 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // The second tab, from one call of the program to the next.
-struct AppointmentStories : test::Story {
+struct AppointmentStories : Story {
   // Times as "2026-11-19 09:00", within the day shown where they say no day.
   void addAppt(const std::string& key, const std::string& text, const std::string& start, const std::string& end) {
     change("INSERT INTO TASKAPPTS (taGUIDID, taTaskDesc, taStartTime, taEndTime) VALUES ('" + key + "', '" + text +
@@ -75,7 +75,7 @@ TEST_F(AppointmentStories, itemThatIsNoCopyOfTheDayAnyMoreIsMadeAnew) {
       {"another location",
        [&] {
          run("mailbox export out.ics");
-         std::string text = test::contentsOf(run.home / "out.ics");
+         std::string text = contentsOf(run.home / "out.ics");
          text.replace(text.find("LOCATION:Tarnel"), 15, "LOCATION:Room 5");
          run.home.write("out.ics", text);
          EXPECT_EQ(run("mailbox import out.ics").output, "0 added, 1 updated, 0 unchanged, 0 skipped\n");
@@ -141,7 +141,7 @@ TEST_F(AppointmentStories, outlookOutOfReachLeavesItsSideAsItWasAndComesBack) {
   addAppt("A", "Write", "2026-11-19 09:00", "2026-11-19 10:00");
   addAppt("B", "Next day", "2026-11-20 09:00", "2026-11-20 10:00");
   addEvent("Dentist", "DTSTART:20261119T120000\r\nDTEND:20261119T130000");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("tab 1");
   std::filesystem::rename(run.home / mailboxFile, run.home / "away");
   const std::string toldGone = told(wizard("date 2026-11-20"));
@@ -221,4 +221,4 @@ TEST_F(AppointmentStories, badRowsAndSettingsAreToldAndNothingIsHalfDone) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,9 +1,9 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-struct Closing : test::Story {
+struct Closing : Story {
   std::string saved() { return setting("meWidth") + setting("OutTaskSetting"); }
 };
 
@@ -43,4 +43,4 @@ TEST_F(Closing, commandsBehindTheEndAreNotCarriedOut) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,12 +1,9 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::onAll;
-using test::pickAll;
-
-struct ImportStories : test::Story {
+struct ImportStories : Story {
   ImportStories() {
     change("INSERT INTO PROJECTS VALUES ('P1', 'From Outlook')");
     change("INSERT INTO PROJECTS VALUES ('P2', 'Garden')");
@@ -82,7 +79,7 @@ TEST_F(ImportStories, taskOutsideThePickOrGoneIsPassedOver) {
 
 TEST_F(ImportStories, itemGoneInTheMiddleStopsTheRunAndKeepsWhatWasDone) {
   for (const char* subject : {"First", "Second", "Third"}) addItem(subject);
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("click smtTaskActions(1) ALL");
   const std::string entry = entryOf("Second");
   for (int i = 0; i < 2; ++i) run("mailbox delete " + entry);
@@ -92,4 +89,4 @@ TEST_F(ImportStories, itemGoneInTheMiddleStopsTheRunAndKeepsWhatWasDone) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,12 +1,10 @@
-#include <sstream>
-
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // The user changes how the two programs work together; the host acts on what it is told.
-struct IntegrationStories : test::Story {
+struct IntegrationStories : Story {
   static std::string click(const std::string& key) { return "click smtSettings " + key + "\n"; }
   static std::string taskKey(int mode) { return "TASK" + std::to_string(mode + 1); }
   static std::string update(int mode) { return "tab 2\n" + click(taskKey(mode)) + "click smtActions UPDATE\n"; }
@@ -93,8 +91,8 @@ TEST_F(IntegrationStories, withNoOutlookProjectOrItselfForAnHeirNothingMoves) {
 TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   inForce(0);
   std::filesystem::remove(run.home / mailboxFile);
-  const test::ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
-                                         "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
+  const ProgramResult result = run(drivingArguments + std::string(" --mailbox nowhere"),
+                                   "tab 2\n" + click("TASK2") + "click smtActions UPDATE\n");
   EXPECT_NE(told(result).find("Integrate Outlook tasks is off."), std::string::npos);
   EXPECT_EQ(events(told(result)), "OutlookPrefsChanged ");
   EXPECT_EQ(setting("OutTaskSetting"), "0\n");
@@ -114,7 +112,7 @@ TEST_F(IntegrationStories, aTransitionThatFailsIsReportedBeforeTheHostHearsOfItA
 }
 
 TEST_F(IntegrationStories, cancelPutsTheModeBackAndUnlocksTheTabs) {
-  const test::ProgramResult result =
+  const ProgramResult result =
       drive("tab 2\n" + click("TASK4") + "tab 0\nclick smtActions DONE\nclick smtActions CANCEL\ntab 0\nshow\n");
   EXPECT_EQ(told(result), "error: tab 0\nerror: click smtActions DONE\nreturned\n");
   EXPECT_EQ(result.reply("show")["tab"], 0);
@@ -130,4 +128,4 @@ TEST_F(IntegrationStories, aChosenProfileIsTheMailboxOfTheNextRun) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -2,12 +2,10 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::onAll;
-
-class OddMailbox : public test::Story {};
+class OddMailbox : public Story {};
 
 TEST_F(OddMailbox, linkPropertyThatLeadsNowhereTouchesNoRow) {
   addTask("A", "Kept", {{"tskOutEntityID", "'A'"}});
@@ -74,7 +72,7 @@ TEST_F(OddMailbox, readOnlyInTheMiddleKeepsWhatWasWrittenAndHealsAtTheNextRun) {
   addItem("Another");
   addTask("A", "First");
   addTask("B", "Second");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("check smtTaskList(0) A on");
   wizard("click smtTaskActions(0) UPDATE");
   fs::permissions(run.home / mailboxFile, fs::perms::owner_read);
@@ -90,4 +88,4 @@ TEST_F(OddMailbox, readOnlyInTheMiddleKeepsWhatWasWrittenAndHealsAtTheNextRun) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,9 +1,9 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-struct UnusualContents : test::Story {
+struct UnusualContents : Story {
   std::string pick(const std::string& caption) {
     return listed("0", "choose smtSkedPickTasks TASKPICK \"" + caption + "\"\n");
   }
@@ -43,16 +43,16 @@ TEST_F(UnusualContents, longForeignAndBrokenLinesGoThereAndBackUnchanged) {
     captions += text + "|NONE\n";
   }
   EXPECT_EQ(listed("0").size(), captions.size());
-  drive(test::onAll("0", "UPDATE"));
+  drive(onAll("0", "UPDATE"));
   for (const std::string& text : contents) {
     bool found = false;
     for (const auto& item : items()) found = found || item["subject"] == text;
     EXPECT_TRUE(found) << text.substr(0, 40);
   }
   const std::string before = rows("SELECT tskGUIDID, tskDesc FROM TASKS ORDER BY tskGUIDID");
-  drive(test::onAll("1", "UPDATE"));
+  drive(onAll("1", "UPDATE"));
   EXPECT_EQ(rows("SELECT tskGUIDID, tskDesc FROM TASKS ORDER BY tskGUIDID"), before);
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

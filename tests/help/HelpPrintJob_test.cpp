@@ -2,10 +2,8 @@
 
 #include "HelpPage.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::ShownHelp;
 
 TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   ShownHelp help;
@@ -91,4 +89,4 @@ TEST(HelpPrintJob, popupClosedWhileItPreparesStillEndsItsJob) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -6,7 +6,7 @@
 
 #include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 std::string described(const HelpPrintSettings& s) {
@@ -51,7 +51,7 @@ TEST(HelpPrintSettings, keysBehindAFaultyOneStayAsTheyWere) {
   };
   for (const auto& fault : faults) {
     HelpPrintSettings settings{9, 9, 9, 9, 9, "F", 9, "L", "R"};
-    EXPECT_EQ(test::failureOf([&] { settings.read(bag(fault.key, fault.value)); }), fault.number) << fault.key;
+    EXPECT_EQ(failureOf([&] { settings.read(bag(fault.key, fault.value)); }), fault.number) << fault.key;
     EXPECT_EQ(described(settings), fault.left) << fault.key;
   }
 }
@@ -71,4 +71,4 @@ TEST(HelpPrintSettings, footerCodesBecomeTheirTextsAndOthersStay) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -5,11 +5,11 @@
 #include "FailureOf.h"
 #include "TempFolder.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct Registries : testing::Test {
-  test::TempFolder folder;
+  TempFolder folder;
   std::filesystem::path file = folder / "registry";
   FileRegistry registry{file};
 };
@@ -57,17 +57,17 @@ TEST_F(Registries, damagedFileIsToldByLineAndLeftAlone) {
        {std::string("anything"), std::string("\n"), head + "text\tn\tbad\\x", head + "number\tn\t12x",
         head + "bytes\tn\t0g", head + "blob\tn\tv", head + "text\tn", std::string("tarnel registry 1\ntext\tn\tv")}) {
     folder.write("registry", text);
-    const std::string told = test::failureTextOf([&] { registry.setValue("A", "b", 1); });
+    const std::string told = failureTextOf([&] { registry.setValue("A", "b", 1); });
     EXPECT_TRUE(told.starts_with("75: ") && told.find("at line ") != std::string::npos) << text << told;
-    EXPECT_EQ(test::contentsOf(file), text);
+    EXPECT_EQ(contentsOf(file), text);
   }
 }
 
 TEST_F(Registries, storeThatCantBeWrittenOrReadIsTold) {
   folder.write("registry", "");
   EXPECT_FALSE(FileRegistry(file / "below a file").setValue("A", "b", "lost"));
-  EXPECT_EQ(test::contentsOf(file), "");
-  EXPECT_TRUE(test::contains(test::failureTextOf([&] { FileRegistry(folder.path()).keyExists("A"); }), "directory"));
+  EXPECT_EQ(contentsOf(file), "");
+  EXPECT_TRUE(contains(failureTextOf([&] { FileRegistry(folder.path()).keyExists("A"); }), "directory"));
 }
 
 TEST_F(Registries, aWriteKeepsThePermissionsAndLeavesNothingBeside) {
@@ -79,4 +79,4 @@ TEST_F(Registries, aWriteKeepsThePermissionsAndLeavesNothingBeside) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

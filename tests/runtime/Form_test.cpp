@@ -7,7 +7,7 @@
 
 #include "FakeDesktop.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 class Told : public Form {
@@ -30,7 +30,7 @@ class Told : public Form {
 };
 
 TEST(Form, goesFromLoadToGone) {
-  test::FakeDesktop desktop;
+  FakeDesktop desktop;
   Told form;
   form.Move(0, 0, 100, 100);
   form.load();
@@ -51,14 +51,14 @@ TEST(Form, goesFromLoadToGone) {
 }
 
 TEST(Form, formThatWasUnloadedIsNotShown) {
-  test::FakeDesktop desktop;
+  FakeDesktop desktop;
   Told form;
   form.showModal(desktop);
   EXPECT_EQ(form.log, "");
 }
 
 TEST(Form, unloadInsideItsOwnEventsRunsQueryUnloadOnce) {
-  test::FakeDesktop desktop;
+  FakeDesktop desktop;
   Told form;
   form.onUnload = [&form] { form.unload(); };
   form.onResize = [&form] { form.unload(); };
@@ -96,4 +96,4 @@ TEST(Control, contentsAndContainerLetGoOfOneAnother) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

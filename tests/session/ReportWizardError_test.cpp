@@ -10,10 +10,8 @@
 #include "StandardHandler.h"
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::TestPlatform;
 
 class LoadedForm : public Form {
  public:
@@ -45,9 +43,8 @@ TEST_F(Failing, handlerReportsAndKeepsTheResultOfThatMoment) {
 
   const auto& reports = platform.errorReport.reports;
   ASSERT_EQ(reports.size(), 2U);
-  EXPECT_EQ(reports[0].project + "/" + reports[0].module + "/" + reports[0].procedure,
-            "dllTarnel/clsTaskList/GetRowCount");
-  EXPECT_EQ(reports[0].text, "Overflow");
+  EXPECT_EQ(reports[0].project + "/" + reports[0].module + "/" + reports[0].procedure + ": " + reports[0].text,
+            "dllTarnel/clsTaskList/GetRowCount: Overflow");
   EXPECT_EQ(reports[0].number, failure::overflow);
   EXPECT_EQ(reports[0].lineMark, 0);
   EXPECT_EQ(reports[1].project, "TarnelOutWizard");
@@ -99,4 +96,4 @@ TEST_F(Failing, questionsAskAndMessagesTellUnderTheProductsTitle) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

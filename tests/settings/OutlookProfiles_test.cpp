@@ -4,7 +4,7 @@
 #include "Profiles.h"
 #include "SettingsTabTest.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct OutlookProfilesTest : SettingsTabTest {
@@ -17,7 +17,7 @@ struct OutlookProfilesTest : SettingsTabTest {
   }
   void add(const std::string& name) { profiles_.add(name, "/mail/" + name + ".mailbox"); }
   std::int32_t refusal(const std::string& name) {
-    return test::failureOf([&] { add(name); });
+    return failureOf([&] { add(name); });
   }
 
   Profiles profiles_{platform_.registry};
@@ -113,23 +113,23 @@ TEST_F(OutlookProfilesTest, aRegistryThatCantBeWrittenIsTold) {
   } registry(platform_.applicationFolder / "registry");
   add("Home");
   Profiles profiles(registry);
-  EXPECT_EQ(test::failureOf([&] { profiles.add("Work", "/mail/Work.mailbox"); }), failure::pathAccess);
-  EXPECT_EQ(test::failureOf([&] { profiles.remove("Home"); }), failure::pathAccess);
+  EXPECT_EQ(failureOf([&] { profiles.add("Work", "/mail/Work.mailbox"); }), failure::pathAccess);
+  EXPECT_EQ(failureOf([&] { profiles.remove("Home"); }), failure::pathAccess);
 }
 
 TEST_F(OutlookProfilesTest, aRegistryRaisesItsOwnFailures) {
   CRegistry registry;
   registry.Init(rootKey::currentUser);
-  const auto invalid = test::thrownBy([&] { registry.KeyExists(""); });
+  const auto invalid = thrownBy([&] { registry.KeyExists(""); });
   ASSERT_TRUE(invalid);
   EXPECT_EQ(invalid->number(), -2147203503);
   EXPECT_EQ(invalid->description(), "Invalid KeyName value");
   EXPECT_EQ(invalid->source(), "TarnelOutWizard.CRegistry");
   platform_.applicationFolder.write("registry", "something else\n");
   std::vector<std::string> names;
-  EXPECT_EQ(test::failureTextOf([&] { registry.GetAllSubKeys("SOFTWARE", names); }),
+  EXPECT_EQ(failureTextOf([&] { registry.GetAllSubKeys("SOFTWARE", names); }),
             "-2147203501: CRegistry component failure");
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

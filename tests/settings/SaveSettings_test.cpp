@@ -7,7 +7,7 @@
 #include "TaskDatabaseScript.h"
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // A task database as the host makes it, with nothing in it but the default settings.
@@ -29,8 +29,8 @@ struct SaveSettingsTest : testing::Test {
                               "' ORDER BY setSettingDisplayOrd");
   }
 
-  test::TaskDatabase database_{host::taskDatabaseScript()};
-  test::TestPlatform platform_;
+  TaskDatabase database_{host::taskDatabaseScript()};
+  TestPlatform platform_;
   FormState state_;
 };
 
@@ -59,4 +59,4 @@ TEST_F(SaveSettingsTest, otherUsersRowsStayAsTheyAre) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

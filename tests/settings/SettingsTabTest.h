@@ -7,7 +7,7 @@
 #include "SettingsTab.h"
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 
 // A settings tab without a form, three projects, of which "Outlook Tasks" holds the tasks from Outlook, and a record
 // of what the tab raises.
@@ -39,7 +39,7 @@ struct SettingsTabTest : testing::Test {
   std::string happened() { return std::exchange(happened_, {}); }
   const std::vector<FailureReport>& reports() const { return platform_.errorReport.reports; }
 
-  test::TestPlatform platform_;
+  TestPlatform platform_;
   FormState state_;
   SettingsTab tab_{state_};
 
@@ -52,4 +52,4 @@ struct SettingsTabTest : testing::Test {
   std::vector<Connection> connections_;
 };
 
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,7 +1,7 @@
 #include "IntegrationModes.h"
 #include "SettingsTabTest.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 TEST_F(SettingsTabTest, showsTheModesInForceWithTheirNotesAndStaysUnlocked) {
@@ -96,4 +96,4 @@ TEST_F(SettingsTabTest, theAppointmentsModeChangesWhateverItWas) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

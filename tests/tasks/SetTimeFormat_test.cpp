@@ -4,7 +4,7 @@
 
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct SetTimeFormatTest : testing::Test {
@@ -13,7 +13,7 @@ struct SetTimeFormatTest : testing::Test {
     session().theDateFormats[dateFormat::dayStart] = start;
     session().theDateFormats[dateFormat::dayEnd] = end;
   }
-  test::TestPlatform platform_;
+  TestPlatform platform_;
 };
 
 TEST_F(SetTimeFormatTest, readsAsTheWorkedValuesSay) {
@@ -70,4 +70,4 @@ TEST_F(SetTimeFormatTest, daysAreOfTheWorkingDayWeeksOfFullDaysAndADayWithoutLen
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -7,7 +7,7 @@
 #include "TaskPicker.h"
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct TaskListsTest : testing::Test {
@@ -50,8 +50,8 @@ struct TaskListsTest : testing::Test {
     return text;
   }
 
-  test::TaskDatabase database_;
-  test::TestPlatform platform_;
+  TaskDatabase database_;
+  TestPlatform platform_;
   FormState form_;
   TaskLists lists_{form_};
 };
@@ -113,4 +113,4 @@ TEST_F(TaskListsTest, completedTasksAreSwitchedWithoutChangingTheOrder) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -7,7 +7,7 @@
 #include "clsTarnelOutWizard.h"
 #include "ctDropDate.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // Runs the wizard as a host does; each test looks into the modal window.
@@ -33,8 +33,8 @@ struct WizardTest : testing::Test {
     return shown;
   }
 
-  test::TaskDatabase database_{host::taskDatabaseScript()};
-  test::TestPlatform platform_;
+  TaskDatabase database_{host::taskDatabaseScript()};
+  TestPlatform platform_;
   clsTarnelOutWizard wizard_;
 };
 
@@ -50,4 +50,4 @@ TEST_F(WizardTest, aHostsDayFrom1001OnIsShownAndAnyOtherMeansToday) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test
