@@ -4,9 +4,9 @@
 
 #include <functional>
 
-#include "Failure.h"
+#include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 TEST(CStringBag, keepsEntriesInTheOrderOfWritingEachEndedByATab) {
@@ -49,17 +49,14 @@ TEST(CStringBag, anEntryWithoutItsTabFailsEveryOperation) {
   for (const auto& operation :
        {std::function<void()>([&] { bag.ReadItem("IMP"); }), std::function<void()>([&] { bag.RemoveItem("IMP"); }),
         std::function<void()>([&] { bag.WriteItem("IMP", "4"); })}) {
-    try {
-      operation();
-      FAIL() << "no failure";
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.number(), static_cast<std::int32_t>(0x80044719));
-      EXPECT_EQ(failure.description(), "CStringBag component failure");
-      EXPECT_EQ(failure.source(), "TarnelOutWizard.CStringBag");
-    }
+    const auto failure = thrownBy(operation);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->number(), static_cast<std::int32_t>(0x80044719));
+    EXPECT_EQ(failure->description(), "CStringBag component failure");
+    EXPECT_EQ(failure->source(), "TarnelOutWizard.CStringBag");
   }
   EXPECT_EQ(bag.Contents(), "IMP=3");
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

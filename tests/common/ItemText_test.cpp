@@ -4,11 +4,11 @@
 
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 TEST(ItemText, quotesWithoutDoublingInsideAndNeverANull) {
-  test::TestPlatform platform;
+  TestPlatform platform;
   EXPECT_EQ(Quote("a\"b"), "\"a\"b\"");
   EXPECT_EQ(Quote(Null{}), "");
   ASSERT_EQ(platform.errorReport.reports.size(), 1U);
@@ -17,4 +17,4 @@ TEST(ItemText, quotesWithoutDoublingInsideAndNeverANull) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -4,11 +4,11 @@
 
 #include "TestPlatform.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 TEST(ErrorReport, showsEachFailureKeepsTheFirstAndAppendsBoth) {
-  test::TestPlatform platform;
+  TestPlatform platform;
   const auto file = platform.applicationFolder / "state/errors.txt";
   ErrorReport errorReport(platform.desktop, platform.clock, file);
   errorReport.report({"dllTarnel", "clsTaskList", "GetDataKEY", "two\r\nlines", -7, 0, "Work"});
@@ -16,7 +16,7 @@ TEST(ErrorReport, showsEachFailureKeepsTheFirstAndAppendsBoth) {
   EXPECT_EQ(platform.desktop.reports.size(), 2U);
   EXPECT_EQ(errorReport.first()->procedure, "GetDataKEY");
   EXPECT_TRUE(errorReport.firstKept());
-  const std::string written = test::contentsOf(file);
+  const std::string written = contentsOf(file);
   EXPECT_EQ(written.substr(0, written.find("second")),
             "2026-11-19 08:30:00\n  project:   dllTarnel\n  module:    clsTaskList\n  procedure: GetDataKEY\n"
             "  text:      two  lines\n  number:    -7\n  line mark: 0\n  profile:   Work\n"
@@ -25,7 +25,7 @@ TEST(ErrorReport, showsEachFailureKeepsTheFirstAndAppendsBoth) {
 }
 
 TEST(ErrorReport, fileThatCantBeWrittenStopsNothing) {
-  test::TestPlatform platform;
+  TestPlatform platform;
   const auto blocked = platform.applicationFolder.write("file", "") / "errors.txt";
   ErrorReport errorReport(platform.desktop, platform.clock, blocked);
   errorReport.report({"P", "M", "F", "text", 1, 0, ""});
@@ -34,4 +34,4 @@ TEST(ErrorReport, fileThatCantBeWrittenStopsNothing) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

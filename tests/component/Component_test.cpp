@@ -1,6 +1,3 @@
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cmath>
 #include <stdexcept>
 #include <thread>
@@ -94,13 +91,10 @@ TEST_F(Component, onlyOneWizardStandsOnAThread) {
 TEST_F(Component, nextWizardOnAScriptReadsOnWhereTheOneBeforeEnded) {
   Wizard wizard(library, user);
   user.home.write("commands", "key 27\nlist smtTaskList(0)\n");
-  const int commands = open((user.home / "commands").c_str(), O_RDONLY | O_CLOEXEC);
-  const int facts = open((user.home / "facts").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-  EXPECT_EQ(wizard.control->UseScript(commands, facts), TARNEL_OK);
+  const File commands(user.home / "commands", O_RDONLY), facts(user.home / "facts", O_WRONLY | O_CREAT);
+  EXPECT_EQ(wizard.control->UseScript(commands.descriptor, facts.descriptor), TARNEL_OK);
   for (int i = 0; i < 2; ++i) EXPECT_EQ(wizard.setUp(), TARNEL_OK);
   EXPECT_NE(contentsOf(user.home / "facts").find("File the tax return"), std::string::npos);
-  close(commands);
-  close(facts);
 }
 
 TEST_F(Component, handlerThatFailsIsReportedAndEndsTheWizard) {

@@ -1,6 +1,4 @@
-#include <algorithm>
 #include <array>
-#include <fstream>
 #include <set>
 
 #include "ComponentHost.h"
@@ -15,11 +13,6 @@ std::string outputOf(const ProgramRun& user, const std::string& command) {
   return contentsOf(user.home / "output");
 }
 
-std::string upper(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::toupper(c); });
-  return text;
-}
-
 // All that looks like an identifier, in upper case.
 std::set<std::string> identifiersIn(const std::string& text) {
   std::set<std::string> found;
@@ -31,9 +24,9 @@ std::set<std::string> identifiersIn(const std::string& text) {
 std::string textOf(const TarnelGuid& id) {
   std::array<char, 37> text{};
   const auto& last = id.data4;
-  std::snprintf(text.data(), text.size(), "%08x-%04x-%04x-%02x%02x-%02x%02x%02x%02x%02x%02x", id.data1, id.data2,
+  std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", id.data1, id.data2,
                 id.data3, last[0], last[1], last[2], last[3], last[4], last[5], last[6], last[7]);
-  return upper(text.data());
+  return text.data();
 }
 
 TEST_F(Component, exportsFourFunctionsAndNothingElse) {

@@ -90,7 +90,7 @@ TEST(ctDropDate, changeComesOnceADayAndForEachChoiceOfTheUser) {
   EXPECT_EQ(changes, 2) << "what the user chooses counts, even the same day";
 }
 
-TEST(ctMDay, indexesStartAtOneAndMoveDownBehindARemoval) {
+TEST(ctMDay, rowsAndPicturesAreNumberedFromOneAndRowsMoveDownBehindARemoval) {
   ctMDay day("ctDaySked", 0);
   EXPECT_EQ(day.AppAdd(0, 60, 46345, "a", "k"), 1);
   EXPECT_EQ(day.AppAdd(60, 120, 46345, "b", "k"), 2);
@@ -105,10 +105,6 @@ TEST(ctMDay, indexesStartAtOneAndMoveDownBehindARemoval) {
     EXPECT_THROW(day.setAppMarkImage(index, 3), Failure);
   }
   EXPECT_THROW(day.setTimeScale(5), Failure);
-}
-
-TEST(ctMDay, picturesAreNumberedFromOne) {
-  ctMDay day("ctDaySked", 0);
   day.AddImage("OUTLOOK");
   day.setUseImages(true);
   EXPECT_EQ(day.image(1), "OUTLOOK");

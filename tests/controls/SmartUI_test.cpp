@@ -4,13 +4,10 @@
 
 #include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::failureOf;
-
-class SmartUIs : public testing::Test {
- protected:
+struct SmartUIs : testing::Test {
   SmartItem& add(const char* key, ItemType type) { return control.Items().Add(0, key, key, type); }
 
   SmartUI control{"smtTaskList", 0, SmartUI::Look::checkList};
@@ -105,4 +102,4 @@ TEST_F(SmartUIs, chosenEntryBecomesTheValueButACheckEntryDoesNot) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

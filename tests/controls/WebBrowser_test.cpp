@@ -1,36 +1,31 @@
 #include "WebBrowser.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <fstream>
 
 #include "Failure.h"
 #include "FooterParts.h"
+#include "TempFolder.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class Browser : public testing::Test {
- protected:
+struct Browser : testing::Test {
   Browser() {
     fs::create_directories(help / "images");
-    write(help / "one.htm", "<p>One");
-    write(help / "two part.HTML", "<p>Two");
-    write(help / "images" / "deep.htm", "<p>Deep");
-    write(home / "outside.htm", "<p>Outside");
+    folder.write("tarnel browser/help/one.htm", "<p>One");
+    folder.write("tarnel browser/help/two part.HTML", "<p>Two");
+    folder.write("tarnel browser/help/images/deep.htm", "<p>Deep");
+    folder.write("tarnel browser/outside.htm", "<p>Outside");
     fs::create_symlink(home / "outside.htm", help / "linked.htm");
     browser.setFolder(help);
     browser.Navigate2(help / "one.htm");
     refusal = browser.linkRefused.connect([this](const std::string& url) { refused.push_back(url); });
   }
-  ~Browser() override { fs::remove_all(home.parent_path()); }
 
-  static void write(const fs::path& file, const std::string& text) { std::ofstream(file) << text; }
-
-  fs::path home = fs::path(testing::TempDir()) / ("tarnel-" + std::to_string(getpid())) / "tarnel browser";
+  TempFolder folder;
+  fs::path home = folder / "tarnel browser";
   fs::path help = home / "help";
   WebBrowser browser{"browsePWindow"};
   std::vector<std::string> refused;
@@ -92,4 +87,4 @@ TEST(Footer, marksBecomeParts) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

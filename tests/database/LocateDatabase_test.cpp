@@ -3,15 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::contentsOf;
-
-class LocateDatabaseTest : public testing::Test {
- protected:
+struct LocateDatabaseTest : testing::Test {
   std::filesystem::path inFolder(std::string_view name) { return platform.applicationFolder / name; }
   std::string settingsFor(const std::filesystem::path& database) {
     return "<Tarnel>\r\n<DBLoc>\r\n" + database.string() + "\r\n</DBLoc>\r\n</Tarnel>\r\n";
@@ -36,7 +32,7 @@ class LocateDatabaseTest : public testing::Test {
   }
   using Texts = std::vector<std::string>;
 
-  test::TestPlatform platform;
+  TestPlatform platform;
   const std::string defaultDatabase = inFolder("TarnelData.mdb").string();
 };
 
@@ -84,4 +80,4 @@ TEST_F(LocateDatabaseTest, aFolderThatCanNotBeWrittenIsTold) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -10,18 +10,15 @@
 #include "clsTaskList.h"
 #include "clsUtilCMD.h"
 #include "clsVLProjectsList.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 using ado::CursorType;
 using ado::LockType;
-using test::failureOf;
 using RecordsetPtr = std::shared_ptr<ado::Recordset>;
 
-class RecordClassesTest : public testing::Test {
- protected:
+struct RecordClassesTest : testing::Test {
   RecordClassesTest() {
     platform.use(database.provider);
     session().theszConnect = database.connect();
@@ -52,8 +49,8 @@ class RecordClassesTest : public testing::Test {
   }
   std::string order() { return database.describe("SELECT tskGUIDID, tskCustSortCur FROM TASKS ORDER BY tskGUIDID"); }
 
-  test::TestPlatform platform;
-  test::TaskDatabase database;
+  TestPlatform platform;
+  TaskDatabase database;
   RecordsetPtr rst;
 };
 
@@ -73,16 +70,6 @@ TEST_F(RecordClassesTest, eachOpensInItsModeAndProjectsStandAlone) {
   EXPECT_EQ(modeOf<clsTaskList>(dataMember), dynamic);
   EXPECT_EQ(modeOf<clsUtilCMD>(&clsUtilCMD::GetDataKEY), fixed);
   EXPECT_EQ(modeOf<clsUtilCMD>(dataMember), fixed);
-}
-
-TEST_F(RecordClassesTest, eachReadingIsARecordsetOfItsOwn) {
-  clsTaskAppts appointments;
-  appointments.SetSQL("SELECT * FROM TaskAPPTS");
-  ASSERT_TRUE(appointments.GetData(rst));
-  const RecordsetPtr first = rst;
-  EXPECT_TRUE(appointments.GetData(rst));
-  EXPECT_NE(rst, first);
-  EXPECT_EQ(first->state(), ado::State::open);
 }
 
 TEST_F(RecordClassesTest, aTaskListServesOneStatementAndCountsOnce) {
@@ -191,7 +178,7 @@ TEST_F(RecordClassesTest, customOrdersAreNumberedByTheStatementsOrder) {
   EXPECT_EQ(reports(), "");
 }
 
-TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatement) {
+TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatementAndAppointmentsKeepBoth) {
   clsTaskList tasks;
   tasks.SetSQL("SELECT * FROM TASKS");
   tasks.Class_GetDataMember("Other", rst);
@@ -208,7 +195,15 @@ TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatemen
   const RecordsetPtr kept = rst;
   util.Class_GetDataMember("Recordset", rst);
   EXPECT_EQ(rst, kept);
+
+  clsTaskAppts appointments;
+  appointments.SetSQL("SELECT * FROM TaskAPPTS");
+  ASSERT_TRUE(appointments.GetData(rst));
+  const RecordsetPtr before = rst;
+  EXPECT_TRUE(appointments.GetData(rst));
+  EXPECT_NE(rst, before);
+  EXPECT_EQ(before->state(), ado::State::open);
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <iostream>
+#include <numeric>
 #include <random>
-#include <sstream>
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 struct Task {
@@ -36,17 +36,14 @@ struct Sides {
     return found;
   }
   std::string text() const {
-    std::vector<std::string> lines;
+    std::multiset<std::string> lines;
     for (const Task& task : tasks)
-      lines.push_back("task " + task.key + " " + task.description + (task.done ? " done" : "") +
-                      (task.marked ? " marked" : ""));
+      lines.insert("task " + task.key + " " + task.description + (task.done ? " done" : "") +
+                   (task.marked ? " marked\n" : "\n"));
     for (const Item& item : items)
-      lines.push_back("item " + item.subject + " of " + item.link + (item.complete ? " complete" : "") +
-                      (item.deleted ? " deleted" : ""));
-    std::sort(lines.begin(), lines.end());
-    std::string text;
-    for (const std::string& line : lines) text += line + "\n";
-    return text;
+      lines.insert("item " + item.subject + " of " + item.link + (item.complete ? " complete" : "") +
+                   (item.deleted ? " deleted\n" : "\n"));
+    return std::accumulate(lines.begin(), lines.end(), std::string());
   }
 };
 
@@ -105,8 +102,7 @@ void expectInOutlook(Sides& sides, Act act, Item& item) {
 }
 
 // Sequences of commands and of what the user does in Outlook meanwhile, each step through the built program.
-class Model : public test::Story {
- protected:
+struct Model : Story {
   // Empty, or where both sides first went another way than the rules.
   std::string play(const std::vector<Step>& steps, std::string* script = nullptr) {
     restart();
@@ -269,4 +265,4 @@ TEST_F(Model, randomSequencesLeaveBothSidesAsTheRulesSay) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -1,33 +1,21 @@
 #include <sqlite3.h>
 
-#include <set>
-
-#include "BothSides.h"
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 namespace fs = std::filesystem;
 
 // What the built program tells when the machine gives it too little, and that both stores are sound behind it.
-class Resources : public test::Story {
- protected:
-  void addTasks(int count, bool current = true) {
-    change("INSERT INTO TASKS (tskGUIDID, tskDesc, tskCurrent) SELECT 'K' & n, 'Task K' & n, " +
-           std::string(current ? "1" : "0") +
-           " FROM (WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c WHERE n < " + std::to_string(count) +
-           ") SELECT n FROM c)");
-  }
-
+struct Resources : Story {
   // The copy under a shell's limit. It ends by itself, with its last line, and well only where no failure was reported.
-  test::ProgramResult copyUnder(const std::string& limit) {
-    run.home.write("input", test::onAll("0", "UPDATE"));
+  ProgramResult copyUnder(const std::string& limit) {
+    run.home.write("input", onAll("0", "UPDATE"));
     const std::string shell = "cd '" + run.home.path().string() + "' && exec <input >output 2>errors && " + limit +
                               " && " + run.shellCommand(drivingArguments);
     const int status = std::system(shell.c_str());
-    const test::ProgramResult result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents("output"),
-                                     contents("errors")};
+    const ProgramResult result{WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents("output"), contents("errors")};
     EXPECT_TRUE(result.exitCode == 0 || result.exitCode == 1) << limit << ": " << result.exitCode << result.errors;
     // Where not even the component can be loaded the standard error stream tells it.
     const bool isReported =
@@ -35,25 +23,17 @@ class Resources : public test::Story {
     EXPECT_EQ(result.exitCode == 1, isReported) << limit << ": " << result.output << result.errors;
     return result;
   }
-  std::string contents(const char* name) const { return test::contentsOf(run.home / name); }
+  std::string contents(const char* name) const { return contentsOf(run.home / name); }
 
   void expectSound(const std::string& place, std::size_t tasks) {
-    for (const auto& file : {run.home / "tasks.db", run.home / mailboxFile})
-      EXPECT_EQ(test::integrityOf(file), "ok") << place;
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM TASKS"), std::to_string(tasks) + "\n") << place;
-    std::set<std::string> links;
-    for (const auto& item : items()) {
-      const std::string link = item["userProperties"].value("BrackwellTarnelGUID", "");
-      if (link.empty()) continue;
-      EXPECT_EQ(item["subject"], "Task " + link) << place;
-      EXPECT_TRUE(links.insert(link).second) << place << ": doubled " << link;
-    }
-    linked_ = links.size();
+    const Stock stock = soundStock(place);
+    EXPECT_EQ(stock.tasks, tasks) << place;
+    linked_ = stock.linked;
   }
 
   // The next run brings every task to Outlook once.
   void expectHeals(const std::string& place, std::size_t tasks) {
-    EXPECT_EQ(drive(test::onAll("0", "UPDATE")).exitCode, 0) << place;
+    EXPECT_EQ(drive(onAll("0", "UPDATE")).exitCode, 0) << place;
     expectSound(place, tasks);
     EXPECT_EQ(linked_, tasks) << place;
   }
@@ -81,7 +61,7 @@ TEST_F(Resources, filesThatMayNotGrowAreToldAndTheNextRunHeals) {
   int told = 0;
   for (const int blocks : {1, 60, 200, 240, 300, 400}) {
     const std::string limit = "ulimit -f " + std::to_string(blocks);
-    const test::ProgramResult result = copyUnder(limit);
+    const ProgramResult result = copyUnder(limit);
     if (result.exitCode == 1) ++told;
     expectSound(limit, 200);
   }
@@ -92,7 +72,7 @@ TEST_F(Resources, filesThatMayNotGrowAreToldAndTheNextRunHeals) {
 TEST_F(Resources, fullDiskUnderTheMailboxIsToldAndTheNextRunHeals) {
   addTasks(500);
   addItem("Another");  // a linked task can't be looked up in a folder without any item
-  run.home.write("input", test::onAll("0", "UPDATE"));
+  run.home.write("input", onAll("0", "UPDATE"));
   // A disk of that size in the place of the mailbox's folder, for this shell alone.
   const auto copyOnDisk = [&](const std::string& size) {
     run.home.write("script", "cp -r tarnel kept && mount -t tmpfs -o size=" + size +
@@ -121,7 +101,7 @@ TEST_F(Resources, fileHandlesUsedUpAreTold) {
   int told = 0;
   for (int handles = 5; handles <= 16; ++handles) {
     const std::string limit = "ulimit -n " + std::to_string(handles);
-    const test::ProgramResult result = copyUnder(limit);
+    const ProgramResult result = copyUnder(limit);
     const bool copied = result.output.find("Outlook Tasks created") != std::string::npos;
     // An Outlook that can't be reached is told in a box, and is no failure of the wizard's.
     const bool isTold = result.exitCode == 1 || result.output.find("critical") != std::string::npos;
@@ -140,7 +120,7 @@ TEST_F(Resources, storesThatOthersHoldOrThatAreReadOnlyAreToldAndLeftAsTheyAre) 
   drive("");
   const std::string before = wholeDatabase() + mailbox();
   const auto expectTold = [&](const std::string& words) {
-    EXPECT_NE(told(test::onAll("0", "UPDATE")).find("returned"), 0U) << words;
+    EXPECT_NE(told(onAll("0", "UPDATE")).find("returned"), 0U) << words;
     EXPECT_NE(contents("output").find(words), std::string::npos) << contents("output");
   };
   {
@@ -159,7 +139,7 @@ TEST_F(Resources, storesThatOthersHoldOrThatAreReadOnlyAreToldAndLeftAsTheyAre) 
   {
     // Reading goes on while another one writes; the first item that can't be saved stops the run.
     const Lock lock(run.home / mailboxFile);
-    EXPECT_NE(told(test::onAll("0", "UPDATE")).find("reports: Tarnel2OUTTasks"), std::string::npos);
+    EXPECT_NE(told(onAll("0", "UPDATE")).find("reports: Tarnel2OUTTasks"), std::string::npos);
     EXPECT_EQ(mailbox(), "Tasks|Another|0|-\n");
   }
   expectHeals("all are free again", 2);
@@ -173,8 +153,8 @@ TEST_F(Resources, hundredThousandTasksBesideTwentyThousandItemsAreWorkedOn) {
     many += "BEGIN:VTODO\r\nUID:" + number + "\r\nSUMMARY:Own " + number + "\r\nEND:VTODO\r\n";
   }
   import(many);
-  const auto result = drive(test::pickAll + "check smtTaskList(0) K777 on\nclick smtTaskActions(0) UPDATE\n" +
-                            "list smtTaskList(1)\n" + test::onAll("1", "UPDATE"));
+  const auto result = drive(pickAll + "check smtTaskList(0) K777 on\nclick smtTaskActions(0) UPDATE\n" +
+                            "list smtTaskList(1)\n" + onAll("1", "UPDATE"));
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(told(result),
             "says: Outlook Tasks created: 1. Tasks in Outlook updated: 0.\n"
@@ -184,4 +164,4 @@ TEST_F(Resources, hundredThousandTasksBesideTwentyThousandItemsAreWorkedOn) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

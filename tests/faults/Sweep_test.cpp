@@ -1,19 +1,22 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <map>
+#include <iterator>
 
 #include "BothSides.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::BothSides;
-using test::faults;
-using Kind = test::Faults::Kind;
+using Kind = Faults::Kind;
 using Words = std::vector<std::string>;
+
+// The words between blanks.
+Words words(const std::string& text) {
+  std::istringstream stream(text);
+  return {std::istream_iterator<std::string>(stream), {}};
+}
 
 struct Command {
   const char* name;
@@ -78,13 +81,13 @@ struct Exception {
   int met = 0;
 };
 
-const Words readsCalendar{"opening", "day", "deleteAppointmentsInTarnel", "deleteAppointmentsInOutlook"};
+const Words readsCalendar = words("opening day deleteAppointmentsInTarnel deleteAppointmentsInOutlook");
 const Words passesOver{"doneInOutlook", "deleteInOutlook"};
 
 std::vector<Exception> exceptions{
     {Road::message,
      {},
-     {"outlook.activeApplication", "outlook.createApplication", "outlook.GetNamespace", "outlook.Logon"},
+     words("outlook.activeApplication outlook.createApplication outlook.GetNamespace outlook.Logon"),
      "Outlook is out of reach when the second attempt fails, too"},
     {Road::silence, {}, {"outlook.activeApplication"}, "a second attempt is made, and that one starts Outlook"},
     {Road::silence, {}, {"outlook.createMAPIUtils", "outlook.Cleanup"}, "the cleaning up at the end may fail"},
@@ -94,26 +97,24 @@ std::vector<Exception> exceptions{
      "Outlook goes at the end, so that the schedule can't be read anew"},
     {Road::silence, {"copyTasks"}, {"outlook.setDueDate"}, "an item goes on without a due date that Outlook refuses"},
     {Road::silence,
-     {"copyTasks", "doneInTarnel", "deleteInTarnel"},
+     words("copyTasks doneInTarnel deleteInTarnel"),
      {"outlook.GetItemFromID", "outlook.StoreID"},
      "a match that can't be fetched is passed over"},
     {Road::silence, passesOver, {}, "once an item could be asked for, a failure passes on to the next row"},
     {Road::message, passesOver, {}, "the same, and then the Outlook list can't be filled"},
-    {Road::silence,
-     readsCalendar,
-     {"outlook.GetDefaultFolder", "outlook.items", "outlook.Sort", "outlook.setIncludeRecurrences", "outlook.Restrict",
-      "outlook.GetFirst", "outlook.GetNext"},
+    {Road::silence, readsCalendar,
+     words("outlook.GetDefaultFolder outlook.items outlook.Sort outlook.setIncludeRecurrences outlook.Restrict "
+           "outlook.GetFirst outlook.GetNext"),
      "a calendar that can't be read leaves its side as far as it came"},
-    {Road::silence,
-     readsCalendar,
-     {"outlook.EntryID", "outlook.Start", "outlook.end", "outlook.subject", "outlook.importance", "outlook.Location",
-      "outlook.IsRecurring", "outlook.ReminderSet", "outlook.Sensitivity", "outlook.AllDayEvent",
-      "outlook.UserProperties", "outlook.UserProperties.Item", "outlook.Value"},
+    {Road::silence, readsCalendar,
+     words("outlook.EntryID outlook.Start outlook.end outlook.subject outlook.importance outlook.Location "
+           "outlook.IsRecurring outlook.ReminderSet outlook.Sensitivity outlook.AllDayEvent outlook.UserProperties "
+           "outlook.UserProperties.Item outlook.Value"),
      "an appointment is shown as far as it can be read"},
     {Road::notHealed,
      {"importTasks"},
-     {"database.write", "rows.UpdateBatch", "outlook.SafeItem.Item", "outlook.UserProperties",
-      "outlook.UserProperties.Add", "outlook.setValue", "outlook.Save"},
+     words("database.write rows.UpdateBatch outlook.SafeItem.Item outlook.UserProperties outlook.UserProperties.Add "
+           "outlook.setValue outlook.Save"),
      "the task is written before its item is linked: the next import takes the item once more"},
     {Road::notHealed,
      {"doneInTarnel", "deleteInTarnel"},
@@ -121,7 +122,7 @@ std::vector<Exception> exceptions{
      "the task is dealt with although its item was passed over, so that the next run finds no row of it"},
     {Road::notHealed,
      {"deleteInTarnel"},
-     {"database.open", "database.execute", "rows.Execute"},
+     words("database.open database.execute rows.Execute"),
      "three statements delete a task, each for itself: its keywords and appointments may stay behind"},
 };
 
@@ -148,22 +149,10 @@ bool isPromised(const std::string& told, const Command& command, const std::stri
 
 // Whether failing this way differs from failing before the call does its work.
 bool isWorthTrying(Kind kind, const std::string& call, const Command& command) {
-  static const Words writes{"outlook.Save",
-                            "outlook.Delete",
-                            "outlook.CreateItem",
-                            "outlook.Logon",
-                            "outlook.setValue",
-                            "outlook.Cleanup",
-                            "outlook.UserProperties.Add",
-                            "database.write",
-                            "database.execute",
-                            "rows.Execute",
-                            "rows.Update",
-                            "rows.UpdateBatch",
-                            "rows.AddNew",
-                            "rows.setValue",
-                            "rows.Close",
-                            "utilities.run"};
+  static const Words writes = words(
+      "outlook.Save outlook.Delete outlook.CreateItem outlook.Logon outlook.setValue outlook.Cleanup "
+      "outlook.UserProperties.Add database.write database.execute rows.Execute rows.Update rows.UpdateBatch "
+      "rows.AddNew rows.setValue rows.Close utilities.run");
   if (kind == Kind::after) return isOneOf(writes, call);
   if (kind == Kind::gone) return call.starts_with("outlook.") || call.starts_with("database.");
   return kind == Kind::before || isOneOf({"opening", "copyTasks"}, command.name);
@@ -172,8 +161,7 @@ bool isWorthTrying(Kind kind, const std::string& call, const Command& command) {
 // TARNEL_LONG_TESTS sweeps every single call; without it one or two of the same name in a command.
 int mostOfOneName(Kind kind) { return std::getenv("TARNEL_LONG_TESTS") ? 100000 : kind == Kind::before ? 2 : 1; }
 
-class Sweep : public testing::Test {
- protected:
+struct Sweep : testing::Test {
   void sweep(const Command& command) {
     BothSides clean(command.statement);
     const std::string told = clean.run(command.lines, 0, Kind::before);
@@ -222,7 +210,6 @@ TEST_F(Sweep, everyFailingCallTakesItsRoadAndTheNextRunHeals) {
   EXPECT_GE(runs_, 800U);
 }
 
-// Where waiting events run the user can come in; whatever is done then, the command stands it.
 TEST_F(Sweep, whatHappensWhileEventsRunHarmsNoCommand) {
   int moments = 0;
   for (const Command& command : commands())
@@ -260,4 +247,4 @@ TEST_F(Sweep, runHeedsTheChecksAsTheyAreAtEachRowsTurn) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -2,12 +2,11 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // The second tab, from one call of the program to the next.
-class AppointmentStories : public test::Story {
- protected:
+struct AppointmentStories : Story {
   // Times as "2026-11-19 09:00", within the day shown where they say no day.
   void addAppt(const std::string& key, const std::string& text, const std::string& start, const std::string& end) {
     change("INSERT INTO TASKAPPTS (taGUIDID, taTaskDesc, taStartTime, taEndTime) VALUES ('" + key + "', '" + text +
@@ -52,15 +51,14 @@ TEST_F(AppointmentStories, copyMakesAnItemAndLaterCopiesWriteOverIt) {
   EXPECT_EQ(told(copied), "returned\n");
   EXPECT_EQ(calendar() + links(), original + "A|A\nB|-\n");
   const auto row = copied.reply("sked")["rows"][0];
+  EXPECT_EQ(row["tag"], "ENTRYID=" + std::string(row["key"]) + "\tBRACKWELLTARNELGUID=A\t");
   EXPECT_EQ(row["key"], entryOf("Write"));
-  EXPECT_EQ(row["tag"], "ENTRYID=" + entryOf("Write") + "\tBRACKWELLTARNELGUID=A\t");
   EXPECT_EQ(row["color"], 11791615);
   change("UPDATE TASKAPPTS SET taTaskDesc = 'Rewrite', taEndTime = '2026-11-20 01:30:00' WHERE taGUIDID = 'A'");
   EXPECT_EQ(toldOnTab("select 0 1\nclick smtApptActions(1) UPDATE\n"), "returned\n");
   EXPECT_EQ(calendar() + links(), "Calendar|Rewrite|2026-11-19 09:00|2026-11-20 01:30|Tarnel|A\nA|A\nB|-\n");
 }
 
-// Whatever took the item out of the day's copies, a further copy makes a second one and leaves the first alone.
 TEST_F(AppointmentStories, itemThatIsNoCopyOfTheDayAnyMoreIsMadeAnew) {
   const struct {
     const char* what;
@@ -77,7 +75,7 @@ TEST_F(AppointmentStories, itemThatIsNoCopyOfTheDayAnyMoreIsMadeAnew) {
       {"another location",
        [&] {
          run("mailbox export out.ics");
-         std::string text = test::contentsOf(run.home / "out.ics");
+         std::string text = contentsOf(run.home / "out.ics");
          text.replace(text.find("LOCATION:Tarnel"), 15, "LOCATION:Room 5");
          run.home.write("out.ics", text);
          EXPECT_EQ(run("mailbox import out.ics").output, "0 added, 1 updated, 0 unchanged, 0 skipped\n");
@@ -143,7 +141,7 @@ TEST_F(AppointmentStories, outlookOutOfReachLeavesItsSideAsItWasAndComesBack) {
   addAppt("A", "Write", "2026-11-19 09:00", "2026-11-19 10:00");
   addAppt("B", "Next day", "2026-11-20 09:00", "2026-11-20 10:00");
   addEvent("Dentist", "DTSTART:20261119T120000\r\nDTEND:20261119T130000");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("tab 1");
   std::filesystem::rename(run.home / mailboxFile, run.home / "away");
   const std::string toldGone = told(wizard("date 2026-11-20"));
@@ -156,8 +154,7 @@ TEST_F(AppointmentStories, outlookOutOfReachLeavesItsSideAsItWasAndComesBack) {
 }
 
 // In Berlin 02:00 to 03:00 is skipped on 2026-03-29 and comes twice on 2026-10-25.
-class ClockChange : public AppointmentStories {
- protected:
+struct ClockChange : AppointmentStories {
   ClockChange() { setenv("TZ", "Europe/Berlin", 1); }
   ~ClockChange() override { unsetenv("TZ"); }
 };
@@ -199,15 +196,14 @@ TEST_F(ClockChange, wallTimesStayWhatPeopleEntered) {
 
 TEST_F(AppointmentStories, badRowsAndSettingsAreToldAndNothingIsHalfDone) {
   const struct {
-    const char* change;
+    std::string change;
     const char* told;
   } bad[] = {
       {"UPDATE TASKAPPTS SET taTaskDesc = Null", "reports: DisplayTaskAppts 94\n"},
       {"UPDATE TASKAPPTS SET taEndTime = Null", "reports: DisplayTaskAppts 94\n"},
       {"UPDATE TASKAPPTS SET taEndTime = '2026-11-19 08:00:00'", "reports: Tarnel2OUTAppts 13\n"},
-      {"UPDATE Settings SET SetSettingValue = 'green' WHERE SetSettingName = 'ApptColor'",
-       "reports: DisplayTaskAppts 13\n"},
-      {"UPDATE Settings SET SetSettingValue = '' WHERE SetSettingName = 'ApptOutlook'", "reports: loadMySettings 13\n"},
+      {setting("ApptColor", "green"), "reports: DisplayTaskAppts 13\n"},
+      {setting("ApptOutlook", ""), "reports: loadMySettings 13\n"},
   };
   for (const auto& each : bad) {
     change("DELETE FROM TASKAPPTS");
@@ -220,9 +216,9 @@ TEST_F(AppointmentStories, badRowsAndSettingsAreToldAndNothingIsHalfDone) {
       EXPECT_NE(result.output.find("(Task Appointment A, start 2026-11-19 09:00:00)"), std::string::npos);
     }
     EXPECT_EQ(calendar(), "") << each.change;
-    change("UPDATE Settings SET SetSettingValue = '255' WHERE SetSettingName = 'ApptColor'");
+    set("ApptColor", "255");
   }
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

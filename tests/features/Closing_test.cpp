@@ -1,17 +1,10 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class Closing : public test::Story {
- protected:
-  void setMode(const std::string& mode) {
-    change("UPDATE Settings SET SetSettingValue = '" + mode + "' WHERE SetSettingName = 'OutTaskSetting'");
-  }
-  std::string saved() {
-    return rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'meWidth'") +
-           rows("SELECT SetSettingValue FROM Settings WHERE SetSettingName = 'OutTaskSetting'");
-  }
+struct Closing : Story {
+  std::string saved() { return setting("meWidth") + setting("OutTaskSetting"); }
 };
 
 TEST_F(Closing, eachWayOutHasItsEventsInTheirOrderAndItsOwnWayWithTheSettings) {
@@ -38,8 +31,8 @@ TEST_F(Closing, eachWayOutHasItsEventsInTheirOrderAndItsOwnWayWithTheSettings) {
        "9000\n3\n"}};
   EXPECT_EQ(drive("").exitCode, 0);
   for (const Way& way : ways) {
-    change("UPDATE Settings SET SetSettingValue = '8400' WHERE SetSettingName = 'meWidth'");
-    setMode("2");
+    set("meWidth", "8400");
+    set("OutTaskSetting", "2");
     EXPECT_EQ(told("resize 9000 7000\n" + way.commands), way.told + "returned\n") << way.commands;
     EXPECT_EQ(saved(), way.saved) << way.commands;
   }
@@ -50,4 +43,4 @@ TEST_F(Closing, commandsBehindTheEndAreNotCarriedOut) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

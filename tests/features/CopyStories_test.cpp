@@ -1,12 +1,9 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::onAll;
-using test::pickAll;
-
-class CopyStories : public test::Story {};
+class CopyStories : public Story {};
 
 const std::string copy = onAll("0", "UPDATE");
 const std::string toldCopied = "says: Outlook Tasks created: 1. Tasks in Outlook updated: 0.\n";
@@ -23,17 +20,11 @@ TEST_F(CopyStories, firstCopyCarriesTheFieldsAndLeavesTheRest) {
   addTask("B", "Elsewhere", {{"tskCurrent", "0"}});
   const auto result = drive(copy + "list smtTaskList(0)\n" + copy.substr(copy.find("click smtTaskActions(0) UPDATE")));
   EXPECT_EQ(told(result), toldCopied + "says: Outlook Tasks created: 0. Tasks in Outlook updated: 0.\nreturned\n");
-  const nlohmann::json row = result.reply("list")["items"][0];
-  EXPECT_EQ(row["caption"], "Pay && sign");
-  EXPECT_EQ(row["picture"], "OUTLOOK");
-  EXPECT_FALSE(row["checked"]);
+  EXPECT_EQ(valuesOf(result.reply("list")["items"][0], {"caption", "picture", "checked"}),
+            "Pay && sign|OUTLOOK|false|");
   EXPECT_EQ(mailbox(), "Tasks|Pay & sign|1|A\n");
-  const nlohmann::json item = items()[0];
-  EXPECT_EQ(item["importance"], 2);
-  EXPECT_EQ(item["dueDate"], "2026-12-01 00:00:00");
-  EXPECT_EQ(item["totalWork"], 90);
-  EXPECT_EQ(item["actualWork"], 30);
-  EXPECT_EQ(item["body"], "");
+  EXPECT_EQ(valuesOf(items()[0], {"importance", "dueDate", "totalWork", "actualWork", "body"}),
+            "2|2026-12-01 00:00:00|90|30||");
   EXPECT_EQ(rows("SELECT tskGUIDID, tskOutEntityID FROM TASKS ORDER BY tskGUIDID"), "A|A\nB|-\n");
 }
 
@@ -47,7 +38,7 @@ TEST_F(CopyStories, secondCopyInOneViewMakesASecondItemAndARefillUpdatesBoth) {
 
 TEST_F(CopyStories, updateBehindARefillOverwritesTheFieldsAndKeepsARemovedDeadline) {
   addTask("A", "Old", {{"tskDeadline", "'2026-12-01 00:00:00'"}});
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("click smtTaskActions(0) ALL");
   EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldCopied);
   change("UPDATE TASKS SET tskDesc = 'New', tskStatus = 2, tskDeadline = Null");
@@ -64,8 +55,7 @@ TEST_F(CopyStories, valuesOutsideTheMappingKeepWhatOutlookHolds) {
   change("UPDATE TASKS SET tskStatus = 4, tskDeadline = '1899-12-31 00:00:00', tskTimeNeeded = 7");
   EXPECT_EQ(told(copy), toldUpdated + "returned\n");
   EXPECT_EQ(mailbox(), "Tasks|Odd|1|A\n");
-  EXPECT_EQ(items()[0]["dueDate"], "2026-12-01 00:00:00");
-  EXPECT_EQ(items()[0]["totalWork"], 7);
+  EXPECT_EQ(valuesOf(items()[0], {"dueDate", "totalWork"}), "2026-12-01 00:00:00|7|");
 }
 
 TEST_F(CopyStories, negativeMinutesStopTheRunAtTheirRowWhichHealsWithThem) {
@@ -81,7 +71,7 @@ TEST_F(CopyStories, negativeMinutesStopTheRunAtTheirRowWhichHealsWithThem) {
 TEST_F(CopyStories, taskGoneFromTheDatabaseIsPassedOver) {
   addTask("A", "Goes");
   addTask("B", "Stays");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("click smtTaskActions(0) ALL");
   change("DELETE FROM TASKS WHERE tskGUIDID = 'A'");
   EXPECT_EQ(told(wizard("click smtTaskActions(0) UPDATE")), toldCopied);
@@ -113,7 +103,7 @@ TEST_F(CopyStories, itemMovedAwayAndBackIsTwoItemsThatAreBothUpdated) {
 
 TEST_F(CopyStories, linkedTaskCannotBeLookedUpInAnEmptyFolder) {
   addTask("A", "Alone", {{"tskOutEntityID", "'A'"}});
-  const test::ProgramResult result = drive(copy);
+  const ProgramResult result = drive(copy);
   EXPECT_EQ(told(result).find("reports: Tarnel2OUTTasks"), 0U) << told(result);
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_EQ(mailbox(), "");
@@ -122,7 +112,7 @@ TEST_F(CopyStories, linkedTaskCannotBeLookedUpInAnEmptyFolder) {
 TEST_F(CopyStories, outlookGoneBetweenTwoCommandsIsToldAndComesBack) {
   addTask("A", "Patient");
   addItem("Another");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   const auto away = run.home / "away";
   wizard("click smtTaskActions(0) ALL");
   std::filesystem::rename(run.home / mailboxFile, away);
@@ -138,4 +128,4 @@ TEST_F(CopyStories, outlookGoneBetweenTwoCommandsIsToldAndComesBack) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

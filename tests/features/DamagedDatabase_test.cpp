@@ -1,16 +1,15 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class DamagedDatabase : public test::Story {
- protected:
+struct DamagedDatabase : Story {
   using Reports = std::vector<std::string>;
 
   // The wizard must end by itself before it is shown, with these reports, the first of which takes its window down, a
   // message that names the damage, and a failing exit code.
   void expectFailure(const std::string& name, const Reports& reports, const std::string& words) {
-    const test::ProgramResult result = drive("show\n");
+    const ProgramResult result = drive("show\n");
     EXPECT_EQ(result.exitCode, 1) << name;
     std::string expected = "reports: " + reports.front() + "\nevent: CloseTheWizard\n";
     for (std::size_t i = 1; i < reports.size(); ++i) expected += "reports: " + reports[i] + "\n";
@@ -23,7 +22,7 @@ class DamagedDatabase : public test::Story {
 
 TEST_F(DamagedDatabase, fileThatIsNoTaskDatabaseIsToldAndLeftAsItIs) {
   const Reports reports{"GetData -2147467259", "loadMySettings 91"};
-  const std::string whole = test::contentsOf(run.home / "tasks.db");
+  const std::string whole = contentsOf(run.home / "tasks.db");
   const std::pair<std::string, std::string> files[] = {
       {"", "is not a task database"},
       {"Dear diary, this is no database.", "is not a task database"},
@@ -35,7 +34,7 @@ TEST_F(DamagedDatabase, fileThatIsNoTaskDatabaseIsToldAndLeftAsItIs) {
   for (const auto& [contents, words] : files) {
     run.home.write("tasks.db", contents);
     expectFailure(contents.substr(0, 8), reports, words);
-    EXPECT_EQ(test::contentsOf(run.home / "tasks.db"), contents) << words;
+    EXPECT_EQ(contentsOf(run.home / "tasks.db"), contents) << words;
   }
   std::filesystem::remove(run.home / "tasks.db");
   expectFailure("no file", reports, "tasks.db\" does not exist");
@@ -47,25 +46,25 @@ TEST_F(DamagedDatabase, fileThatIsNoTaskDatabaseIsToldAndLeftAsItIs) {
 TEST_F(DamagedDatabase, contentsThatCannotBeEndTheWizardAndChangeNoRow) {
   addTask("A", "Kept");
   EXPECT_EQ(drive("").exitCode, 0) << "makes the rows of the window's place";
-  const std::string sound = test::contentsOf(run.home / "tasks.db");
+  const std::string sound = contentsOf(run.home / "tasks.db");
+  const Reports noData{"GetData -2147217900", "loadMySettings 91"},
+      noTasks{"GetDataKEY -2147217900", "GetTarnelTasks 91"};
   struct Damage {
-    const char* statement;
+    std::string statement;
     Reports reports;
     const char* words;
   };
   const Damage damages[] = {
-      {"DROP TABLE Settings", {"GetData -2147217900", "loadMySettings 91"}, "Settings"},
-      {"DROP TABLE PROJECTS", {"GetData -2147217900", "loadMySettings 91"}, "PROJECTS"},
-      {"DROP TABLE TASKS", {"GetDataKEY -2147217900", "GetTarnelTasks 91"}, "TASKS"},
-      {"ALTER TABLE TASKS DROP COLUMN tskNotes", {"GetDataKEY -2147217900", "GetTarnelTasks 91"}, "tskNotes"},
-      {"UPDATE Settings SET SetSettingValue = 'early' WHERE SetSettingName = 'D5Start'", {"loadMySettings 13"}, "(13)"},
+      {"DROP TABLE Settings", noData, "Settings"},
+      {"DROP TABLE PROJECTS", noData, "PROJECTS"},
+      {"DROP TABLE TASKS", noTasks, "TASKS"},
+      {"ALTER TABLE TASKS DROP COLUMN tskNotes", noTasks, "tskNotes"},
+      {setting("D5Start", "early"), {"loadMySettings 13"}, "(13)"},
       {"UPDATE Settings SET SetSettingValue = 'many' WHERE SetSettingSection = 'Points'",
        {"loadMySettings 13"},
        "(13)"},
-      {"UPDATE Settings SET SetSettingValue = 'wide' WHERE SetSettingName = 'meWidth'", {"loadMySettings 13"}, "(13)"},
-      {"UPDATE Settings SET SetSettingValue = '2 or 3' WHERE SetSettingName = 'OutTaskSetting'",
-       {"loadMySettings 13"},
-       "(13)"},
+      {setting("meWidth", "wide"), {"loadMySettings 13"}, "(13)"},
+      {setting("OutTaskSetting", "2 or 3"), {"loadMySettings 13"}, "(13)"},
       {"UPDATE Settings SET SetSettingValue = Null WHERE SetSettingName = 'DDSep'", {"loadMySettings 94"}, "(94)"},
       {"INSERT INTO Settings (SetSettingSection, SetSettingName, SetSettingValue, setSettingDisplayOrd) "
        "VALUES ('Importance Level', 'Importance5', 'Extreme', 5)",
@@ -84,4 +83,4 @@ TEST_F(DamagedDatabase, contentsThatCannotBeEndTheWizardAndChangeNoRow) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

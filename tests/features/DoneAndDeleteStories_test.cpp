@@ -1,16 +1,13 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::onAll;
 
 const std::string yes = "answer yes\n";
 const std::string proceed = "//Proceed? yes\n";
 
 // Each store with a linked pair, one of its own, and one whose other half has gone.
-class DoneAndDeleteStories : public test::Story {
- protected:
+struct DoneAndDeleteStories : Story {
   DoneAndDeleteStories() {
     addTask("A", "Linked", {{"tskOutEntityID", "'A'"}, {"tskTimeNeeded", "90"}, {"tskTimeSpent", "30"}});
     addTask("B", "Own");
@@ -35,8 +32,7 @@ TEST_F(DoneAndDeleteStories, doneInTarnelIsDoneForEveryTaskAndItsItems) {
   EXPECT_EQ(tasks(), "A|0|A\nB|0|-\nC|0|C\n");
   EXPECT_EQ(undated(), "");
   EXPECT_EQ(mailbox(), "Tasks|Linked|2|A\nTasks|Outlook's own|0|-\nTasks|Task gone|0|GONE\n");
-  EXPECT_EQ(items()[0]["totalWork"], 90);
-  EXPECT_EQ(items()[0]["actualWork"], 30);
+  EXPECT_EQ(valuesOf(items()[0], {"totalWork", "actualWork"}), "90|30|");
 }
 
 TEST_F(DoneAndDeleteStories, doneInOutlookCompletesBothSidesBehindItsQuestion) {
@@ -71,7 +67,7 @@ TEST_F(DoneAndDeleteStories, deleteInOutlookCutsTheLinkAndKeepsTheTask) {
 TEST_F(DoneAndDeleteStories, rowsAreCountedByKindAndAnItemGoneIsPassedOver) {
   addItem("Own too");
   change("DELETE FROM TASKS WHERE tskGUIDID = 'C'");
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("answer yes");
   wizard("click smtTaskActions(1) ALL");
   const std::string entry = entryOf("Linked");
@@ -124,7 +120,7 @@ TEST_F(DoneAndDeleteStories, outlookGoneBetweenTwoCommandsLosesNothing) {
                               {"1", "DELETE", "reports: MarkOutlookTasksAsDeleted 440"},
                               {"1", "UPDATE", "reports: MakeUpdateOutlookTasksInTarnel 440"}};
   for (const Command& command : commands) {
-    test::OpenWizard wizard(run.shellCommand(drivingArguments));
+    OpenWizard wizard(run.shellCommand(drivingArguments));
     const std::string bar = "click smtTaskActions(" + std::string(command.side) + ") ";
     wizard("answer yes");
     wizard(bar + "ALL");
@@ -138,4 +134,4 @@ TEST_F(DoneAndDeleteStories, outlookGoneBetweenTwoCommandsLosesNothing) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -2,17 +2,16 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // The help popup and what it puts on paper, where there is neither screen nor printer.
-class HelpStories : public test::Story {
- protected:
+struct HelpStories : Story {
   void SetUp() override {
     if (std::system("command -v pdftotext >/dev/null") != 0) GTEST_SKIP() << "pdftotext reads the printed pages back";
   }
   // The commands inside the popup; the settings' entries by "|".
-  test::ProgramResult help(const std::string& commands, const std::string& settings) const {
+  ProgramResult help(const std::string& commands, const std::string& settings) const {
     std::string argument = settings;
     for (std::size_t at = 0; (at = argument.find('|', at)) != std::string::npos;) argument.replace(at, 1, "\\t");
     return run(std::string(drivingArguments) + " --print-settings \"$(printf '" + argument + "')\"",
@@ -21,7 +20,7 @@ class HelpStories : public test::Story {
   // What pdftotext reads of a printed page.
   std::string read(const std::string& options, const std::string& pdf) const {
     std::system(("cd '" + run.home.path().string() + "' && pdftotext " + options + " '" + pdf + "' read.txt").c_str());
-    return test::contentsOf(run.home / "read.txt");
+    return contentsOf(run.home / "read.txt");
   }
   // Left, top, right and bottom edge of all that is written, in points, from the paper's own edges.
   struct Edges {
@@ -107,4 +106,4 @@ TEST_F(HelpStories, linksLeadThroughTheFolderAndNeverOutOfIt) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

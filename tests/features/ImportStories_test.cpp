@@ -1,13 +1,9 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::onAll;
-using test::pickAll;
-
-class ImportStories : public test::Story {
- protected:
+struct ImportStories : Story {
   ImportStories() {
     change("INSERT INTO PROJECTS VALUES ('P1', 'From Outlook')");
     change("INSERT INTO PROJECTS VALUES ('P2', 'Garden')");
@@ -37,8 +33,7 @@ TEST_F(ImportStories, pickDecidesWhereANewTaskLands) {
                         {"", "", "||True\n"},
                         {"Tarnel", "", "||False\n"}};
   for (const Pick& pick : picks) {
-    change("UPDATE Settings SET SetSettingValue = '" + std::string(pick.outlookProject) +
-           "' WHERE SetSettingName = 'OutlookProject'");
+    set("OutlookProject", pick.outlookProject);
     const std::string subject = "Under " + std::string(pick.caption) + " " + pick.outlookProject;
     addItem(subject);
     const std::string choice =
@@ -84,7 +79,7 @@ TEST_F(ImportStories, taskOutsideThePickOrGoneIsPassedOver) {
 
 TEST_F(ImportStories, itemGoneInTheMiddleStopsTheRunAndKeepsWhatWasDone) {
   for (const char* subject : {"First", "Second", "Third"}) addItem(subject);
-  test::OpenWizard wizard(run.shellCommand(drivingArguments));
+  OpenWizard wizard(run.shellCommand(drivingArguments));
   wizard("click smtTaskActions(1) ALL");
   const std::string entry = entryOf("Second");
   for (int i = 0; i < 2; ++i) run("mailbox delete " + entry);
@@ -94,4 +89,4 @@ TEST_F(ImportStories, itemGoneInTheMiddleStopsTheRunAndKeepsWhatWasDone) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

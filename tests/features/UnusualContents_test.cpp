@@ -1,16 +1,15 @@
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class UnusualContents : public test::Story {
- protected:
+struct UnusualContents : Story {
   std::string pick(const std::string& caption) {
     return listed("0", "choose smtSkedPickTasks TASKPICK \"" + caption + "\"\n");
   }
 };
 
-TEST_F(UnusualContents, projectNamedLikeAPickIsNeverPicked) {
+TEST_F(UnusualContents, projectNamedLikeAPickIsNeverPickedAndOneWithAQuoteInItsKeyIs) {
   change("INSERT INTO PROJECTS VALUES ('P1', 'Current Tasks')");
   addTask("A", "Current");
   addTask("B", "Of the project", {{"tskProjectKey", "'P1'"}, {"tskCurrent", "0"}});
@@ -18,11 +17,8 @@ TEST_F(UnusualContents, projectNamedLikeAPickIsNeverPicked) {
   EXPECT_EQ(
       listed("0", "choose smtSkedPickTasks TASKPICK Tarnel\nchoose smtSkedPickTasks TASKPICK \"Current Tasks\"\n"),
       "Current|NONE\n");
-}
-
-TEST_F(UnusualContents, projectWithAQuoteInItsKeyShowsItsTasks) {
   change("INSERT INTO PROJECTS VALUES ('it''s', 'Quoted')");
-  addTask("A", "Of it", {{"tskProjectKey", "'it''s'"}, {"tskCurrent", "0"}});
+  addTask("Q", "Of it", {{"tskProjectKey", "'it''s'"}, {"tskCurrent", "0"}});
   EXPECT_EQ(pick("Quoted"), "Of it|NONE\n");
 }
 
@@ -47,16 +43,16 @@ TEST_F(UnusualContents, longForeignAndBrokenLinesGoThereAndBackUnchanged) {
     captions += text + "|NONE\n";
   }
   EXPECT_EQ(listed("0").size(), captions.size());
-  drive(test::onAll("0", "UPDATE"));
+  drive(onAll("0", "UPDATE"));
   for (const std::string& text : contents) {
     bool found = false;
     for (const auto& item : items()) found = found || item["subject"] == text;
     EXPECT_TRUE(found) << text.substr(0, 40);
   }
   const std::string before = rows("SELECT tskGUIDID, tskDesc FROM TASKS ORDER BY tskGUIDID");
-  drive(test::onAll("1", "UPDATE"));
+  drive(onAll("1", "UPDATE"));
   EXPECT_EQ(rows("SELECT tskGUIDID, tskDesc FROM TASKS ORDER BY tskGUIDID"), before);
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -2,15 +2,11 @@
 
 #include "Story.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-using test::ChildProcess;
-using test::comesTrue;
-
 // The built wizard in a real window on a screen of its own, worked on by keyboard and mouse from outside.
-class WizardWindow : public test::Story {
- protected:
+struct WizardWindow : Story {
   void SetUp() override {
     for (const char* program : {"Xvfb", "openbox", "xdotool"})
       if (std::system(("command -v " + std::string(program) + " >/dev/null").c_str()) != 0)
@@ -84,4 +80,4 @@ TEST_F(WizardWindow, rowsAreCheckedCopiedAndTheWizardClosedByKeyboardAndMouse) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

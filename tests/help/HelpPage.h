@@ -11,8 +11,7 @@
 namespace tarnel::test {
 
 // Keeps the documents instead of putting them on paper.
-class RecordedOutput : public DocumentOutput {
- public:
+struct RecordedOutput : DocumentOutput {
   std::vector<Document> jobs;
   std::vector<std::string> names;
   bool failing = false;
@@ -26,12 +25,13 @@ class RecordedOutput : public DocumentOutput {
   void preview(const Document&) override {}
 };
 
-// The popup on topic 250, in a help folder with its page alone.
+// The popup on topic 250, in a help folder with its page alone. The user says yes to the first question.
 class ShownHelp {
  public:
   ShownHelp() {
     std::filesystem::create_directories(folder());
     platform.applicationFolder.write("help/POP-OUTLOOKINTEGRATE.htm", "<p>Topic");
+    platform.desktop.answers = {MessageAnswer::yes};
     form->load();
     form->Setup(250);
     settings();

@@ -1,16 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "Failure.h"
 #include "HelpPage.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::ShownHelp;
 
 TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT");
   EXPECT_EQ(help.calls,
             "SetPageText SetPageMargins EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 "
@@ -36,7 +32,6 @@ TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
 
 TEST(HelpPrintJob, previewAsksItsOwnQuestionAndPrintsNothing) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT", "PRINTPREVIEW");
   EXPECT_NE(help.calls.find("AfterLoad PreviewDocument AfterOutput"), std::string::npos) << help.calls;
   EXPECT_TRUE(help.output->jobs.empty());
@@ -70,7 +65,6 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
   const auto failing = [](const char* what, auto breakIt) {
     ShownHelp help;
     breakIt(help);
-    help.platform.desktop.answers = {MessageAnswer::yes};
     help.click("PRINT");
     ASSERT_EQ(help.platform.errorReport.reports.size(), 1U) << what;
     const FailureReport& report = help.platform.errorReport.reports[0];
@@ -88,7 +82,6 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
 
 TEST(HelpPrintJob, popupClosedWhileItPreparesStillEndsItsJob) {
   ShownHelp help;
-  help.platform.desktop.answers = {MessageAnswer::yes};
   help.platform.desktop.onEvents = [&help] { help.form->unload(); };
   help.click("PRINT");
   EXPECT_EQ(help.output->jobs.size(), 1U);
@@ -96,4 +89,4 @@ TEST(HelpPrintJob, popupClosedWhileItPreparesStillEndsItsJob) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

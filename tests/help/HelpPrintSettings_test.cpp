@@ -4,9 +4,9 @@
 
 #include <sstream>
 
-#include "Failure.h"
+#include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 std::string described(const HelpPrintSettings& s) {
@@ -51,12 +51,7 @@ TEST(HelpPrintSettings, keysBehindAFaultyOneStayAsTheyWere) {
   };
   for (const auto& fault : faults) {
     HelpPrintSettings settings{9, 9, 9, 9, 9, "F", 9, "L", "R"};
-    try {
-      settings.read(bag(fault.key, fault.value));
-      ADD_FAILURE() << fault.key << " was taken";
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.number(), fault.number) << fault.key;
-    }
+    EXPECT_EQ(failureOf([&] { settings.read(bag(fault.key, fault.value)); }), fault.number) << fault.key;
     EXPECT_EQ(described(settings), fault.left) << fault.key;
   }
 }
@@ -76,4 +71,4 @@ TEST(HelpPrintSettings, footerCodesBecomeTheirTextsAndOthersStay) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

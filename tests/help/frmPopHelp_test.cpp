@@ -4,10 +4,8 @@
 
 #include "HelpPage.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::ShownHelp;
 
 std::string visibleItems(SmartUI& bar) {
   std::string keys;
@@ -25,7 +23,7 @@ TEST(PopHelp, topicStandsInBrowserCaptionAndPath) {
 }
 
 TEST(PopHelp, unknownNumberLeavesTheBrowserEmptyAndStillTellsItsPage) {
-  test::TestPlatform platform;
+  TestPlatform platform;
   frmPopHelp form;
   std::vector<std::string> told;
   const Connection onPage = form.setHelpPage.connect([&](std::string& url) { told.push_back(url); });
@@ -76,4 +74,4 @@ TEST(PopHelp, browserLeavesRoomForTheBarAtEverySize) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -9,8 +9,7 @@
 namespace tarnel::mailbox {
 namespace {
 
-class BadFilesTest : public MailboxTest {
- protected:
+struct BadFilesTest : MailboxTest {
   std::string opening(const std::filesystem::path& path) {
     return failureOf([&] { Mailbox(path, Locale(), clock_); });
   }
@@ -27,12 +26,7 @@ TEST_F(BadFilesTest, whatIsNoSoundMailboxFailsByNameAndIsNotTouched) {
   std::string newer = sound, damaged = sound;
   newer[63] = 2;
   for (std::size_t i = 4096; i < damaged.size(); ++i) damaged[i] = static_cast<char>(i * 7);
-  sqlite3_close([&] {
-    sqlite3* other = nullptr;
-    sqlite3_open((folder_ / "other").c_str(), &other);
-    sqlite3_exec(other, "CREATE TABLE a(b)", nullptr, nullptr, nullptr);
-    return other;
-  }());
+  run(folder_ / "other", "CREATE TABLE a(b)");
   const std::vector<std::pair<std::filesystem::path, std::string>> bad = {
       {folder_.write("text", "Dear diary, " + std::string(500, 'x')), "no mailbox"},
       {folder_.write("empty", ""), "no mailbox"},

@@ -11,8 +11,7 @@
 namespace tarnel::mailbox {
 
 // The machine stands in central Europe: clocks go forward on the last Sunday of March, back on that of October.
-class CalendarTest : public MailboxTest {
- protected:
+struct CalendarTest : MailboxTest {
   CalendarTest() { setZone("CET-1CEST,M3.5.0,M10.5.0/3"); }
   ~CalendarTest() override { setZone("UTC0"); }
 

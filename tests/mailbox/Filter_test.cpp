@@ -3,8 +3,7 @@
 namespace tarnel::mailbox {
 namespace {
 
-class FilterTest : public MailboxTest {
- protected:
+struct FilterTest : MailboxTest {
   FilterTest() {
     for (const char* subject : {"Rent", "gas", "o'clock", "say \"hi\""}) {
       auto task = aTask(*outlook_, subject);

@@ -7,8 +7,7 @@ namespace {
 using outlook::PropertyType;
 using outlook::TaskStatus;
 
-class ItemsTest : public MailboxTest {
- protected:
+struct ItemsTest : MailboxTest {
   std::shared_ptr<outlook::Application> outlook_ = loggedOn();
 };
 

@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "Application.h"
-#include "Failure.h"
+#include "FailureOf.h"
 #include "FixedClock.h"
 #include "Mailbox.h"
 #include "MailboxFile.h"
@@ -18,9 +17,16 @@
 
 namespace tarnel::mailbox {
 
+using test::contains;
+
+// "number: text" of the failure that `act` ends in; "none" when it ends well.
+template <class Act>
+std::string failureOf(const Act& act) {
+  return test::failureTextOf(act);
+}
+
 // A folder of its own for each test, with one empty mailbox in it, and Outlook logged on to it.
-class MailboxTest : public testing::Test {
- protected:
+struct MailboxTest : testing::Test {
   MailboxTest() { createMailbox(path_); }
 
   OutlookFactory factory() {
@@ -41,21 +47,6 @@ class MailboxTest : public testing::Test {
   std::filesystem::path path_ = folder_ / "mail.tarnelmail";
   test::FixedClock clock_;
 };
-
-// "number: text" of the failure that `work` ends in; "none" when it ends well.
-inline std::string failureOf(const std::function<void()>& work) {
-  try {
-    work();
-  } catch (const Failure& failed) {
-    return std::to_string(failed.number()) + ": " + failed.description();
-  }
-  return "none";
-}
-
-inline testing::AssertionResult contains(const std::string& text, const std::string& part) {
-  if (text.find(part) != std::string::npos) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "\"" << text << "\" has no \"" << part << "\"";
-}
 
 inline std::shared_ptr<outlook::Items> itemsOf(outlook::Application& application, outlook::DefaultFolder folder) {
   return application.Session()->GetDefaultFolder(folder)->items();

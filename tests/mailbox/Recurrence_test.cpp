@@ -3,6 +3,7 @@
 #include <libical/ical.h>
 
 #include <random>
+#include <sstream>
 
 #include "CalendarFixture.h"
 #include "IcalTime.h"
@@ -36,35 +37,17 @@ void expectSameStarts(const std::string& rule, WallSeconds from, WallSeconds to)
 }
 
 TEST(RecurrenceTest, startsAreThoseOfAWalkFromTheBeginningWhereverTheSpanLies) {
-  const std::vector<std::string> rules = {"FREQ=DAILY",
-                                          "FREQ=DAILY;INTERVAL=3",
-                                          "FREQ=DAILY;INTERVAL=14;UNTIL=20270101T000000",
-                                          "FREQ=DAILY;BYDAY=MO,WE,SU",
-                                          "FREQ=WEEKLY",
-                                          "FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=SU",
-                                          "FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=MO",
-                                          "FREQ=WEEKLY;INTERVAL=5;BYDAY=SA,MO,FR",
-                                          "FREQ=WEEKLY;BYDAY=TU;UNTIL=20261117T093000",
-                                          "FREQ=MONTHLY",
-                                          "FREQ=MONTHLY;INTERVAL=5",
-                                          "FREQ=MONTHLY;BYDAY=2TU",
-                                          "FREQ=MONTHLY;BYDAY=-1FR",
-                                          "FREQ=MONTHLY;BYMONTHDAY=-1",
-                                          "FREQ=MONTHLY;BYMONTHDAY=31,15",
-                                          "FREQ=MONTHLY;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1",
-                                          "FREQ=YEARLY",
-                                          "FREQ=YEARLY;INTERVAL=3",
-                                          "FREQ=YEARLY;BYMONTH=2,11;BYDAY=1TH",
-                                          "FREQ=YEARLY;BYYEARDAY=100,-1",
-                                          "FREQ=HOURLY;INTERVAL=7",
-                                          "FREQ=HOURLY;INTERVAL=5;BYHOUR=9,10,15",
-                                          "FREQ=DAILY;INTERVAL=3;BYMONTH=2,11",
-                                          "FREQ=WEEKLY;INTERVAL=3;BYMONTH=11,12",
-                                          "FREQ=MONTHLY;INTERVAL=5;BYDAY=2TU",
-                                          "FREQ=YEARLY;INTERVAL=3;BYMONTH=2",
-                                          "FREQ=YEARLY;BYWEEKNO=20;BYDAY=MO"};
   std::mt19937 random(7);
-  for (const std::string& rule : rules)
+  std::istringstream rules(
+      "FREQ=DAILY FREQ=DAILY;INTERVAL=3 FREQ=DAILY;INTERVAL=14;UNTIL=20270101T000000 FREQ=DAILY;BYDAY=MO,WE,SU "
+      "FREQ=WEEKLY FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=SU FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,TU;WKST=MO "
+      "FREQ=WEEKLY;INTERVAL=5;BYDAY=SA,MO,FR FREQ=WEEKLY;BYDAY=TU;UNTIL=20261117T093000 FREQ=MONTHLY "
+      "FREQ=MONTHLY;INTERVAL=5 FREQ=MONTHLY;BYDAY=2TU FREQ=MONTHLY;BYDAY=-1FR FREQ=MONTHLY;BYMONTHDAY=-1 "
+      "FREQ=MONTHLY;BYMONTHDAY=31,15 FREQ=MONTHLY;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1 FREQ=YEARLY FREQ=YEARLY;INTERVAL=3 "
+      "FREQ=YEARLY;BYMONTH=2,11;BYDAY=1TH FREQ=YEARLY;BYYEARDAY=100,-1 FREQ=HOURLY;INTERVAL=7 "
+      "FREQ=HOURLY;INTERVAL=5;BYHOUR=9,10,15 FREQ=DAILY;INTERVAL=3;BYMONTH=2,11 FREQ=WEEKLY;INTERVAL=3;BYMONTH=11,12 "
+      "FREQ=MONTHLY;INTERVAL=5;BYDAY=2TU FREQ=YEARLY;INTERVAL=3;BYMONTH=2 FREQ=YEARLY;BYWEEKNO=20;BYDAY=MO");
+  for (std::string rule; rules >> rule;)
     for (int round = 0; round < 6; ++round) {
       const WallSeconds from =
           start - secondsPerDay + std::uniform_int_distribution<WallSeconds>(0, 4100 * secondsPerDay)(random);

@@ -17,8 +17,7 @@ namespace {
 
 constexpr std::int32_t day = 46345;
 
-class ScheduleForm : public Form {
- public:
+struct ScheduleForm : Form {
   ScheduleForm() : Form("frmSchedule", "Schedules") {
     Move(1500, 1500, 9100, 6460);
     for (ctMDay* schedule : {&left, &right}) {
@@ -92,6 +91,10 @@ TEST_F(DaySchedule, clickAndSpaceSelectWhatIsThere) {
   click(left(), 1);
   EXPECT_TRUE(left().accessibleDescription().contains("selected"));
   left().setFocus();
+  const auto shown = [&] { return left().viewport()->grab(left().placeOf(1)).toImage(); };
+  const QImage marked = shown();
+  form.left.setAppMarkImage(1, 0);
+  EXPECT_NE(shown(), marked);
   QTest::keyClick(&left(), Qt::Key_Up);
   EXPECT_EQ(left().current(), 2);
   EXPECT_TRUE(left().accessibleDescription().endsWith("First"));

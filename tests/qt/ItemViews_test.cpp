@@ -7,6 +7,7 @@
 
 #include "Conversions.h"
 #include "DemoForm.h"
+#include "TabsView.h"
 
 namespace tarnel::qt {
 namespace {
@@ -33,6 +34,19 @@ TEST_F(ItemViews, whatHasNoRoomOnABarIsInItsLastMenu) {
   EXPECT_EQ(pressed, std::vector<std::string>{"Copy/Update"});
   shown.form.commands.setWidth(6000);
   EXPECT_FALSE(more->isVisible());
+}
+
+TEST_F(ItemViews, hiddenCommandsAndDisabledTabsAreOutOfReach) {
+  auto& tabs = shown.view<TabsView>(shown.form.tabs);
+  for (const bool open : {false, true}) {
+    shown.form.commands.Items().Item("All").setVisible(open);
+    shown.form.tabs.setTabEnabled(1, open);
+    shown.settle();
+    EXPECT_EQ(shown.button(shown.form.commands, "All")->isVisible(), open);
+    EXPECT_EQ(tabs.isTabEnabled(1), open);
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(1).center());
+    EXPECT_EQ(tabs.currentIndex(), open ? 1 : 0);
+  }
 }
 
 TEST_F(ItemViews, menuButtonPressesItsItemAndItsArrowOpensTheEntries) {

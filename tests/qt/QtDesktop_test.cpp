@@ -7,15 +7,15 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
-#include <filesystem>
 #include <sstream>
 #include <thread>
 
 #include "DemoForm.h"
-#include "Failure.h"
+#include "FailureOf.h"
 #include "PictureDesktop.h"
 #include "ProgressWindow.h"
 #include "QtApplication.h"
+#include "TempFolder.h"
 #include "Twips.h"
 
 namespace tarnel::qt {
@@ -26,6 +26,10 @@ template <class Act>
 void whenShown(Act act) {
   QTimer::singleShot(0, qApp, [act] { act(QApplication::activeModalWidget()); });
 }
+
+struct LoadedForm : DemoForm {
+  LoadedForm() { load(); }
+};
 
 TEST(QtDesktop, messageAnswersByKeyboard) {
   QtDesktop desktop;
@@ -59,10 +63,7 @@ TEST(QtDesktop, reportCanBeCopiedWithAllItsFacts) {
 
 TEST(QtDesktop, modalFormsStandAboveOneAnotherAndEachReturnsWithItsOwn) {
   QtDesktop desktop;
-  DemoForm lower;
-  DemoForm upper;
-  lower.load();
-  upper.load();
+  LoadedForm lower, upper;
   std::string order;
   const Connection onClick = lower.actions.Click.connect([&](SmartItem&) {
     whenShown([&](QWidget* window) {
@@ -80,10 +81,7 @@ TEST(QtDesktop, modalFormsStandAboveOneAnotherAndEachReturnsWithItsOwn) {
 
 TEST(QtDesktop, bothFormsGoWhenTheUpperOnesEventTakesThemDown) {
   QtDesktop desktop;
-  DemoForm lower;
-  DemoForm upper;
-  lower.load();
-  upper.load();
+  LoadedForm lower, upper;
   whenShown([&](QWidget*) {
     whenShown([&](QWidget*) {
       for (Form* form : openForms()) form->unload();
@@ -96,8 +94,7 @@ TEST(QtDesktop, bothFormsGoWhenTheUpperOnesEventTakesThemDown) {
 
 TEST(QtDesktop, whatAListenerThrowsComesOutOfTheModalRun) {
   QtDesktop desktop;
-  DemoForm form;
-  form.load();
+  LoadedForm form;
   const Connection onClick = form.actions.Click.connect([](SmartItem&) { throw Failure(91, "No object"); });
   whenShown([&](QWidget* window) {
     for (auto* button : window->findChildren<QPushButton*>())
@@ -165,20 +162,15 @@ TEST(QtApplication, refusedStartLeavesTheEnvironmentAsItWas) {
   qunsetenv("QT_QPA_PLATFORM");
 }
 
-TEST(FormWindow, titleFollowsTheForm) {
+TEST(FormWindow, titleFollowsTheFormAndClosingIsNotRefused) {
   ShownForm shown;
   shown.form.setCaption("Other");
   EXPECT_EQ(shown.window->windowTitle(), "Other");
-}
-
-TEST(FormWindow, closeIsRefusedToNoHostOnceTheFormHasGone) {
-  ShownForm shown;
   EXPECT_TRUE(shown.window->close());
 }
 
 TEST(FormWindow, placeOutOfSightIsBroughtBack) {
-  DemoForm form;
-  form.load();
+  LoadedForm form;
   form.Move(-90000, 90000, 8400, 6000);
   FormWindow window(form, ViewFactory(), nullptr);
   window.present();
@@ -192,32 +184,23 @@ TEST(FormWindow, neighboursLeaveNoGapWhateverTheTwips) {
 }
 
 TEST(PictureDesktop, savesOnePictureATabAndClosesTheForm) {
-  const std::filesystem::path folder = std::filesystem::temp_directory_path() / "tarnel-pictures-test";
-  std::filesystem::remove_all(folder);
+  const test::TempFolder folder;
   std::ostringstream told;
-  PictureDesktop desktop(folder, 2, told);
-  DemoForm form;
-  form.load();
+  PictureDesktop desktop(folder / "pictures", 2, told);
+  LoadedForm form;
   form.tabs.setTabEnabled(1, false);
   form.showModal(desktop);
   EXPECT_FALSE(form.isLoaded());
   ASSERT_EQ(desktop.pictures().size(), 2U);
   const QImage picture(QString::fromStdString(desktop.pictures()[0].string()));
   EXPECT_EQ(picture.size(), QSize(1106, 738));
-  std::filesystem::remove_all(folder);
 }
 
 TEST(PictureDesktop, folderThatCannotBeMadeIsAFailure) {
   std::ostringstream told;
   PictureDesktop desktop("/proc/tarnel-pictures", 1, told);
-  DemoForm form;
-  form.load();
-  try {
-    form.showModal(desktop);
-    ADD_FAILURE() << "a picture was written";
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.number(), failure::pathAccess);
-  }
+  LoadedForm form;
+  EXPECT_EQ(test::failureOf([&] { form.showModal(desktop); }), failure::pathAccess);
 }
 
 }  // namespace

@@ -6,10 +6,8 @@
 
 #include "FailureOf.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-using test::failureOf;
 
 TEST(Conversions, halvesRoundToTheEvenNumber) {
   EXPECT_EQ(toLong(0.5), 0);
@@ -66,4 +64,4 @@ TEST(Conversions, caseIsIgnoredForPlainLettersAlone) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -2,29 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include "FailureOf.h"
+#include "TempFolder.h"
 
-#include "Failure.h"
-
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class Registries : public testing::Test {
- protected:
-  Registries() { std::filesystem::remove_all(folder); }
-  ~Registries() override { std::filesystem::remove_all(folder); }
-  void write(const std::string& contents) {
-    std::filesystem::create_directories(folder);
-    std::ofstream(file, std::ios::binary) << contents;
-  }
-  std::string contents() {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-
-  std::filesystem::path folder =
-      std::filesystem::path(testing::TempDir()) /
-      (std::string("registry-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+struct Registries : testing::Test {
+  TempFolder folder;
   std::filesystem::path file = folder / "registry";
   FileRegistry registry{file};
 };
@@ -71,28 +56,18 @@ TEST_F(Registries, damagedFileIsToldByLineAndLeftAlone) {
   for (const std::string& text :
        {std::string("anything"), std::string("\n"), head + "text\tn\tbad\\x", head + "number\tn\t12x",
         head + "bytes\tn\t0g", head + "blob\tn\tv", head + "text\tn", std::string("tarnel registry 1\ntext\tn\tv")}) {
-    write(text);
-    try {
-      registry.setValue("A", "b", 1);
-      FAIL() << text;
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.number(), failure::pathAccess);
-      EXPECT_NE(failure.description().find("at line "), std::string::npos);
-    }
-    EXPECT_EQ(contents(), text);
+    folder.write("registry", text);
+    const std::string told = failureTextOf([&] { registry.setValue("A", "b", 1); });
+    EXPECT_TRUE(told.starts_with("75: ") && told.find("at line ") != std::string::npos) << text << told;
+    EXPECT_EQ(contentsOf(file), text);
   }
 }
 
 TEST_F(Registries, storeThatCantBeWrittenOrReadIsTold) {
-  write("");
+  folder.write("registry", "");
   EXPECT_FALSE(FileRegistry(file / "below a file").setValue("A", "b", "lost"));
-  EXPECT_EQ(contents(), "");
-  try {
-    FileRegistry(folder).keyExists("A");
-    FAIL() << "a folder";
-  } catch (const Failure& failure) {
-    EXPECT_NE(failure.description().find("directory"), std::string::npos) << failure.description();
-  }
+  EXPECT_EQ(contentsOf(file), "");
+  EXPECT_TRUE(contains(failureTextOf([&] { FileRegistry(folder.path()).keyExists("A"); }), "directory"));
 }
 
 TEST_F(Registries, aWriteKeepsThePermissionsAndLeavesNothingBeside) {
@@ -100,8 +75,8 @@ TEST_F(Registries, aWriteKeepsThePermissionsAndLeavesNothingBeside) {
   std::filesystem::permissions(file, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
   EXPECT_TRUE(registry.createKey("B"));
   EXPECT_EQ(std::filesystem::status(file).permissions(), static_cast<std::filesystem::perms>(0600));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -5,25 +5,10 @@
 #include <functional>
 #include <memory>
 
-#include "Desktop.h"
+#include "FakeDesktop.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
-
-// A desktop on which the user does one thing.
-class OneAct : public Desktop {
- public:
-  std::function<void(Form&)> act;
-  MessageAnswer message(const Message&) override { return MessageAnswer::ok; }
-  void report(const FailureReport&) override {}
-  void doEvents() override {}
-  void runModal(Form& form) override {
-    if (act) act(form);
-  }
-  void setMousePointer(MousePointer) override {}
-  MousePointer mousePointer() const override { return MousePointer::standard; }
-  void progress(int, int) override {}
-};
 
 class Told : public Form {
  public:
@@ -45,14 +30,14 @@ class Told : public Form {
 };
 
 TEST(Form, goesFromLoadToGone) {
-  OneAct desktop;
+  FakeDesktop desktop;
   Told form;
   form.Move(0, 0, 100, 100);
   form.load();
   form.load();
   EXPECT_FALSE(form.Visible());
   EXPECT_EQ(openForms(), std::vector<Form*>{&form});
-  desktop.act = [](Form& shown) {
+  desktop.onModal = [](Form& shown) {
     EXPECT_TRUE(shown.Visible());
     shown.Move(5, 5, 100, 100);
     shown.setWidth(-7);
@@ -66,14 +51,14 @@ TEST(Form, goesFromLoadToGone) {
 }
 
 TEST(Form, formThatWasUnloadedIsNotShown) {
-  OneAct desktop;
+  FakeDesktop desktop;
   Told form;
   form.showModal(desktop);
   EXPECT_EQ(form.log, "");
 }
 
 TEST(Form, unloadInsideItsOwnEventsRunsQueryUnloadOnce) {
-  OneAct desktop;
+  FakeDesktop desktop;
   Told form;
   form.onUnload = [&form] { form.unload(); };
   form.onResize = [&form] { form.unload(); };
@@ -111,4 +96,4 @@ TEST(Control, contentsAndContainerLetGoOfOneAnother) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

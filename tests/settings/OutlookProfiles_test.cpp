@@ -1,15 +1,13 @@
 #include "CRegistry.h"
 #include "FailureOf.h"
-#include "FileRegistry.h"
 #include "OutlookProfilesKey.h"
 #include "Profiles.h"
 #include "SettingsTabTest.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class OutlookProfilesTest : public SettingsTabTest {
- protected:
+struct OutlookProfilesTest : SettingsTabTest {
   // The drop-down: entries as key or key=caption, then the text on show.
   std::string shown() {
     std::string text;
@@ -19,7 +17,7 @@ class OutlookProfilesTest : public SettingsTabTest {
   }
   void add(const std::string& name) { profiles_.add(name, "/mail/" + name + ".mailbox"); }
   std::int32_t refusal(const std::string& name) {
-    return test::failureOf([&] { add(name); });
+    return failureOf([&] { add(name); });
   }
 
   Profiles profiles_{platform_.registry};
@@ -106,43 +104,32 @@ TEST_F(OutlookProfilesTest, theLastRemovedOneLeavesNoKeyBehind) {
 }
 
 TEST_F(OutlookProfilesTest, aRegistryThatCantBeWrittenIsTold) {
+  struct WriteProtected : FileRegistry {
+    using FileRegistry::FileRegistry;
+    bool createKey(std::string_view) override { return false; }
+    bool setValue(std::string_view, std::string_view, const Variant&) override { return false; }
+    bool deleteKey(std::string_view) override { return false; }
+    bool deleteValue(std::string_view, std::string_view) override { return false; }
+  } registry(platform_.applicationFolder / "registry");
   add("Home");
-  platform_.registry.writable = false;
-  EXPECT_EQ(refusal("Work"), failure::pathAccess);
-  EXPECT_THROW(profiles_.remove("Home"), Failure);
+  Profiles profiles(registry);
+  EXPECT_EQ(failureOf([&] { profiles.add("Work", "/mail/Work.mailbox"); }), failure::pathAccess);
+  EXPECT_EQ(failureOf([&] { profiles.remove("Home"); }), failure::pathAccess);
 }
 
 TEST_F(OutlookProfilesTest, aRegistryRaisesItsOwnFailures) {
   CRegistry registry;
   registry.Init(rootKey::currentUser);
-  try {
-    registry.KeyExists("");
-    FAIL();
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.number(), -2147203503);
-    EXPECT_EQ(failure.description(), "Invalid KeyName value");
-    EXPECT_EQ(failure.source(), "TarnelOutWizard.CRegistry");
-  }
-
-  FileRegistry damaged(platform_.applicationFolder.write("registry", "something else\n"));
-  installPlatform({platform_.desktop,
-                   platform_.clock,
-                   Locale(),
-                   damaged,
-                   platform().database,
-                   platform().outlook,
-                   platform_.errorReport,
-                   platform_.utilities,
-                   {}});
+  const auto invalid = thrownBy([&] { registry.KeyExists(""); });
+  ASSERT_TRUE(invalid);
+  EXPECT_EQ(invalid->number(), -2147203503);
+  EXPECT_EQ(invalid->description(), "Invalid KeyName value");
+  EXPECT_EQ(invalid->source(), "TarnelOutWizard.CRegistry");
+  platform_.applicationFolder.write("registry", "something else\n");
   std::vector<std::string> names;
-  try {
-    registry.GetAllSubKeys("SOFTWARE", names);
-    FAIL();
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.number(), -2147203501);
-    EXPECT_EQ(failure.description(), "CRegistry component failure");
-  }
+  EXPECT_EQ(failureTextOf([&] { registry.GetAllSubKeys("SOFTWARE", names); }),
+            "-2147203501: CRegistry component failure");
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -6,14 +6,12 @@
 #include "TaskDatabase.h"
 #include "TaskDatabaseScript.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // A task database as the host makes it, with nothing in it but the default settings.
-class SaveSettingsTest : public ::testing::Test {
- protected:
+struct SaveSettingsTest : testing::Test {
   SaveSettingsTest() {
     platform_.use(database_.provider);
     session().theszConnect = database_.connect();
@@ -31,8 +29,8 @@ class SaveSettingsTest : public ::testing::Test {
                               "' ORDER BY setSettingDisplayOrd");
   }
 
-  test::TaskDatabase database_{host::taskDatabaseScript()};
-  test::TestPlatform platform_;
+  TaskDatabase database_{host::taskDatabaseScript()};
+  TestPlatform platform_;
   FormState state_;
 };
 
@@ -61,4 +59,4 @@ TEST_F(SaveSettingsTest, otherUsersRowsStayAsTheyAre) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -6,14 +6,12 @@
 #include "SettingsItems.h"
 #include "SettingsTab.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 
 // A settings tab without a form, three projects, of which "Outlook Tasks" holds the tasks from Outlook, and a record
 // of what the tab raises.
-class SettingsTabTest : public ::testing::Test {
- protected:
+struct SettingsTabTest : testing::Test {
   SettingsTabTest() {
     session().theProjectKeys = {"KEY-A", "KEY-O", "KEY-Z"};
     session().theProjectNames = {"Attic", "Outlook Tasks", "Zoo"};
@@ -41,7 +39,7 @@ class SettingsTabTest : public ::testing::Test {
   std::string happened() { return std::exchange(happened_, {}); }
   const std::vector<FailureReport>& reports() const { return platform_.errorReport.reports; }
 
-  test::TestPlatform platform_;
+  TestPlatform platform_;
   FormState state_;
   SettingsTab tab_{state_};
 
@@ -54,4 +52,4 @@ class SettingsTabTest : public ::testing::Test {
   std::vector<Connection> connections_;
 };
 
-}  // namespace tarnel
+}  // namespace tarnel::test

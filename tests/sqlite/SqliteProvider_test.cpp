@@ -18,8 +18,7 @@ using ado::Row;
 using test::failureOf;
 
 // What the cursor engine relies on, asked through the seam alone, and what becomes of the files.
-class SqliteProviderTest : public testing::Test {
- protected:
+struct SqliteProviderTest : testing::Test {
   SqliteProviderTest() {
     database.addTask("A-1", "Pay");
     database.addTask("B-2", "call");

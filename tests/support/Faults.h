@@ -22,7 +22,12 @@ class Faults {
   static constexpr std::int32_t number = 31337;
 
   // Counting from 1; 0 lets all calls pass.
-  void arm(std::size_t failingCall, Kind kind);
+  void arm(std::size_t failingCall, Kind kind) {
+    *this = Faults();
+    armed_ = true;
+    failingCall_ = failingCall;
+    kind_ = kind;
+  }
   void disarm() { armed_ = false; }
 
   // Those counted since then, in their order, up to the one that failed.
@@ -46,8 +51,17 @@ class Faults {
   }
 
  private:
-  bool failsNow(std::string_view name);
-  [[noreturn]] static void raise(std::string_view name);
+  static std::string_view seamOf(std::string_view name) { return name.substr(0, name.find('.')); }
+  bool failsNow(std::string_view name) {
+    if (seamOf(name) == "report") return kind_ == Kind::silenced && fired_ && !std::exchange(reportFailed_, true);
+    if (fired_) return kind_ == Kind::gone && seamOf(name) == seamOf(where_);
+    calls_.emplace_back(name);
+    if (calls_.size() != failingCall_) return false;
+    fired_ = true;
+    where_ = name;
+    return true;
+  }
+  [[noreturn]] static void raise(std::string_view name) { throw Failure(number, "A fault in " + std::string(name)); }
 
   bool armed_ = false;
   bool fired_ = false;
@@ -59,17 +73,19 @@ class Faults {
 };
 
 // One for all: calls are also caught at link time, where no object can be handed in.
-Faults& faults();
+inline Faults& faults() {
+  static Faults faults;
+  return faults;
+}
 
 // How many objects of Outlook the wizard holds.
-class HeldObject {
- public:
-  HeldObject() { ++count(); }
-  ~HeldObject() { --count(); }
+struct HeldObject {
+  HeldObject() { ++count; }
+  ~HeldObject() { --count; }
   HeldObject(const HeldObject&) = delete;
   HeldObject& operator=(const HeldObject&) = delete;
 
-  static int& count();
+  static inline int count = 0;
 };
 
 }  // namespace tarnel::test

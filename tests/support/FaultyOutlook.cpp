@@ -19,7 +19,6 @@ class Faulty : public Interface {
   HeldObject held_;
 };
 
-// One line a call: its name, and what the real object does.
 template <class Body>
 auto call(const char* name, Body&& body) {
   return faults().call(name, std::forward<Body>(body));
@@ -31,40 +30,35 @@ std::shared_ptr<StandIn> inFrontOf(Pointer real) {
   return real ? std::make_shared<StandIn>(std::move(real)) : nullptr;
 }
 
-class FaultyProperty : public Faulty<UserProperty> {
- public:
+// A call that goes through under its name or another one, and one that gives an object, which gets a stand-in.
+#define CALL_AS(label, Result, name, parameters, arguments)                            \
+  Result name parameters override {                                                    \
+    return call("outlook." label, [&]() -> Result { return real()->name arguments; }); \
+  }
+#define CALL(Result, name, parameters, arguments) CALL_AS(#name, Result, name, parameters, arguments)
+#define GIVE_AS(label, Kind, standIn, name, parameters, arguments)                  \
+  std::shared_ptr<Kind> name parameters override {                                  \
+    return standIn(call("outlook." label, [&] { return real()->name arguments; })); \
+  }
+#define GIVE(Kind, standIn, name, parameters, arguments) GIVE_AS(#name, Kind, standIn, name, parameters, arguments)
+#define READ(Type, name) CALL(Type, name, () const, ())
+#define WRITE(name, Type) CALL(void, name, (Type value), (value))
+
+struct FaultyProperty : Faulty<UserProperty> {
   using Faulty::Faulty;
-  Variant Value() const override {
-    return call("outlook.Value", [&] { return real()->Value(); });
-  }
-  void setValue(const Variant& value) override {
-    call("outlook.setValue", [&] { real()->setValue(value); });
-  }
+  READ(Variant, Value)
+  WRITE(setValue, const Variant&)
 };
 
-class FaultyProperties : public Faulty<UserProperties> {
- public:
+struct FaultyProperties : Faulty<UserProperties> {
   using Faulty::Faulty;
-  std::shared_ptr<UserProperty> Item(std::string_view name) override {
-    return inFrontOf<FaultyProperty>(call("outlook.UserProperties.Item", [&] { return real()->Item(name); }));
-  }
-  std::shared_ptr<UserProperty> Add(std::string_view name, PropertyType type) override {
-    return inFrontOf<FaultyProperty>(call("outlook.UserProperties.Add", [&] { return real()->Add(name, type); }));
-  }
+  GIVE_AS("UserProperties.Item", UserProperty, inFrontOf<FaultyProperty>, Item, (std::string_view name), (name))
+  GIVE_AS("UserProperties.Add", UserProperty, inFrontOf<FaultyProperty>, Add,
+          (std::string_view name, PropertyType type), (name, type))
 };
-
-#define READ(Type, name)                                           \
-  Type name() const override {                                     \
-    return call("outlook." #name, [&] { return real()->name(); }); \
-  }
-#define WRITE(name, Type)                                 \
-  void name(Type value) override {                        \
-    call("outlook." #name, [&] { real()->name(value); }); \
-  }
 
 template <class Kind>
-class FaultyItem : public Faulty<Kind> {
- public:
+struct FaultyItem : Faulty<Kind> {
   using Faulty<Kind>::Faulty;
   using Faulty<Kind>::real;
   READ(std::string, EntryID)
@@ -74,19 +68,12 @@ class FaultyItem : public Faulty<Kind> {
   READ(std::string, ParentName)
   WRITE(setSubject, std::string_view)
   WRITE(setImportance, Importance)
-  std::shared_ptr<outlook::UserProperties> UserProperties() override {
-    return inFrontOf<FaultyProperties>(call("outlook.UserProperties", [&] { return real()->UserProperties(); }));
-  }
-  void Save() override {
-    call("outlook.Save", [&] { real()->Save(); });
-  }
-  void Delete() override {
-    call("outlook.Delete", [&] { real()->Delete(); });
-  }
+  GIVE(outlook::UserProperties, inFrontOf<FaultyProperties>, UserProperties, (), ())
+  CALL(void, Save, (), ())
+  CALL(void, Delete, (), ())
 };
 
-class FaultyTask : public FaultyItem<TaskItem> {
- public:
+struct FaultyTask : FaultyItem<TaskItem> {
   using FaultyItem::FaultyItem;
   READ(TaskStatus, Status)
   READ(Date, dueDate)
@@ -98,8 +85,7 @@ class FaultyTask : public FaultyItem<TaskItem> {
   WRITE(setActualWork, std::int32_t)
 };
 
-class FaultyAppointment : public FaultyItem<AppointmentItem> {
- public:
+struct FaultyAppointment : FaultyItem<AppointmentItem> {
   using FaultyItem::FaultyItem;
   READ(Date, Start)
   READ(Date, end)
@@ -120,64 +106,36 @@ std::shared_ptr<Item> faultyItem(const std::shared_ptr<Item>& item) {
   return inFrontOf<FaultyAppointment>(std::dynamic_pointer_cast<AppointmentItem>(item));
 }
 
-class FaultyItems : public Faulty<Items> {
- public:
+struct FaultyItems : Faulty<Items> {
   using Faulty::Faulty;
-  std::int32_t Count() override {
-    return call("outlook.Count", [&] { return real()->Count(); });
-  }
-  std::shared_ptr<outlook::Item> Item(std::int32_t index) override {
-    return faultyItem(call("outlook.Items.Item", [&] { return real()->Item(index); }));
-  }
-  std::shared_ptr<Items> Restrict(std::string_view filter) override {
-    return inFrontOf<FaultyItems>(call("outlook.Restrict", [&] { return real()->Restrict(filter); }));
-  }
+  CALL(std::int32_t, Count, (), ())
+  GIVE_AS("Items.Item", outlook::Item, faultyItem, Item, (std::int32_t index), (index))
+  GIVE(Items, inFrontOf<FaultyItems>, Restrict, (std::string_view filter), (filter))
   WRITE(Sort, std::string_view)
   WRITE(setIncludeRecurrences, bool)
-  std::shared_ptr<outlook::Item> GetFirst() override {
-    return faultyItem(call("outlook.GetFirst", [&] { return real()->GetFirst(); }));
-  }
-  std::shared_ptr<outlook::Item> GetNext() override {
-    return faultyItem(call("outlook.GetNext", [&] { return real()->GetNext(); }));
-  }
+  GIVE(outlook::Item, faultyItem, GetFirst, (), ())
+  GIVE(outlook::Item, faultyItem, GetNext, (), ())
 };
 
-class FaultyFolder : public Faulty<Folder> {
- public:
+struct FaultyFolder : Faulty<Folder> {
   using Faulty::Faulty;
   READ(std::string, Name)
   READ(std::string, StoreID)
-  std::shared_ptr<Items> items() override {
-    return inFrontOf<FaultyItems>(call("outlook.items", [&] { return real()->items(); }));
-  }
+  GIVE(Items, inFrontOf<FaultyItems>, items, (), ())
 };
 
-class FaultyNameSpace : public Faulty<NameSpace> {
- public:
+struct FaultyNameSpace : Faulty<NameSpace> {
   using Faulty::Faulty;
-  void Logon(const std::optional<std::string>& profile, bool showDialog) override {
-    call("outlook.Logon", [&] { real()->Logon(profile, showDialog); });
-  }
-  std::shared_ptr<Folder> GetDefaultFolder(DefaultFolder folder) override {
-    return inFrontOf<FaultyFolder>(call("outlook.GetDefaultFolder", [&] { return real()->GetDefaultFolder(folder); }));
-  }
-  std::shared_ptr<Item> GetItemFromID(std::string_view entryId, std::string_view storeId) override {
-    return faultyItem(call("outlook.GetItemFromID", [&] { return real()->GetItemFromID(entryId, storeId); }));
-  }
+  CALL(void, Logon, (const std::optional<std::string>& profile, bool showDialog), (profile, showDialog))
+  GIVE(Folder, inFrontOf<FaultyFolder>, GetDefaultFolder, (DefaultFolder folder), (folder))
+  GIVE(Item, faultyItem, GetItemFromID, (std::string_view entryId, std::string_view storeId), (entryId, storeId))
 };
 
-class FaultyApplication : public Faulty<Application> {
- public:
+struct FaultyApplication : Faulty<Application> {
   using Faulty::Faulty;
-  std::shared_ptr<NameSpace> GetNamespace(std::string_view type) override {
-    return inFrontOf<FaultyNameSpace>(call("outlook.GetNamespace", [&] { return real()->GetNamespace(type); }));
-  }
-  std::shared_ptr<NameSpace> Session() override {
-    return inFrontOf<FaultyNameSpace>(call("outlook.Session", [&] { return real()->Session(); }));
-  }
-  std::shared_ptr<Item> CreateItem(ItemType type) override {
-    return faultyItem(call("outlook.CreateItem", [&] { return real()->CreateItem(type); }));
-  }
+  GIVE(NameSpace, inFrontOf<FaultyNameSpace>, GetNamespace, (std::string_view type), (type))
+  GIVE(NameSpace, inFrontOf<FaultyNameSpace>, Session, (), ())
+  GIVE(Item, faultyItem, CreateItem, (ItemType type), (type))
 };
 
 // The real wrapper works on the real item, and the wizard gets its own one back.
@@ -193,16 +151,9 @@ class FaultySafeItem : public Faulty<Interface, std::unique_ptr<Interface>> {
   std::shared_ptr<Kind> Item() const override {
     return call("outlook.SafeItem.Item", [&] { return item_; });
   }
-  std::string body() override {
-    return call("outlook.SafeItem.body", [&] { return real()->body(); });
-  }
-  std::shared_ptr<outlook::UserProperties> UserProperties() override {
-    return inFrontOf<FaultyProperties>(
-        call("outlook.SafeItem.UserProperties", [&] { return real()->UserProperties(); }));
-  }
-  std::int32_t GetIDsFromNames(std::string_view set, std::string_view name) override {
-    return call("outlook.GetIDsFromNames", [&] { return real()->GetIDsFromNames(set, name); });
-  }
+  CALL_AS("SafeItem.body", std::string, body, (), ())
+  GIVE_AS("SafeItem.UserProperties", outlook::UserProperties, inFrontOf<FaultyProperties>, UserProperties, (), ())
+  CALL(std::int32_t, GetIDsFromNames, (std::string_view set, std::string_view name), (set, name))
 
  private:
   std::shared_ptr<Kind> item_;
@@ -210,8 +161,7 @@ class FaultySafeItem : public Faulty<Interface, std::unique_ptr<Interface>> {
 
 using FaultySafeTask = FaultySafeItem<TaskItem, FaultyTask>;
 
-class FaultySafeAppointment : public FaultySafeItem<AppointmentItem, FaultyAppointment, SafeAppointmentItem> {
- public:
+struct FaultySafeAppointment : FaultySafeItem<AppointmentItem, FaultyAppointment, SafeAppointmentItem> {
   using FaultySafeItem::FaultySafeItem;
   WRITE(setStart, Date)
   WRITE(setEnd, Date)
@@ -229,9 +179,7 @@ class FaultyRestriction : public Restriction {
   }
   WRITE(setUlPropTag, std::int32_t)
   WRITE(setRelop, std::int32_t)
-  void setLpProp(std::string value) override {
-    call("outlook.setLpProp", [&] { real_->setLpProp(std::move(value)); });
-  }
+  WRITE(setLpProp, std::string)
 
  private:
   Restriction* real() { return real_; }
@@ -246,9 +194,7 @@ class FaultyTable : public Faulty<MAPITable, std::unique_ptr<MAPITable>>, privat
     call("outlook.MAPITable.setItem", [&] { real()->setItem(dynamic_cast<FaultyItems&>(*items).real()); });
   }
   WRITE(setColumns, std::vector<std::int32_t>)
-  std::vector<Variant> GetRow() override {
-    return call("outlook.GetRow", [&] { return real()->GetRow(); });
-  }
+  CALL(std::vector<Variant>, GetRow, (), ())
   TableFilter& Filter() override {
     call("outlook.Filter", [&] { real()->Filter(); });
     return *this;
@@ -276,38 +222,23 @@ class FaultyTable : public Faulty<MAPITable, std::unique_ptr<MAPITable>>, privat
   std::unique_ptr<FaultyRestriction> restriction_;
 };
 
-class FaultyUtils : public Faulty<MAPIUtils, std::unique_ptr<MAPIUtils>> {
- public:
+struct FaultyUtils : Faulty<MAPIUtils, std::unique_ptr<MAPIUtils>> {
   using Faulty::Faulty;
-  std::string HrArrayToString(const Variant& value) override {
-    return call("outlook.HrArrayToString", [&] { return real()->HrArrayToString(value); });
-  }
-  void Cleanup() override {
-    call("outlook.Cleanup", [&] { real()->Cleanup(); });
-  }
+  CALL(std::string, HrArrayToString, (const Variant& value), (value))
+  CALL(void, Cleanup, (), ())
 };
 
 }  // namespace
 
-std::shared_ptr<Application> FaultyOutlook::activeApplication() {
-  return inFrontOf<FaultyApplication>(call("outlook.activeApplication", [&] { return real_.activeApplication(); }));
-}
-std::shared_ptr<Application> FaultyOutlook::createApplication() {
-  return inFrontOf<FaultyApplication>(call("outlook.createApplication", [&] { return real_.createApplication(); }));
-}
-std::unique_ptr<SafeTaskItem> FaultyOutlook::createSafeTaskItem() {
-  return std::make_unique<FaultySafeTask>(
-      call("outlook.createSafeTaskItem", [&] { return real_.createSafeTaskItem(); }));
-}
-std::unique_ptr<SafeAppointmentItem> FaultyOutlook::createSafeAppointmentItem() {
-  return std::make_unique<FaultySafeAppointment>(
-      call("outlook.createSafeAppointmentItem", [&] { return real_.createSafeAppointmentItem(); }));
-}
-std::unique_ptr<MAPITable> FaultyOutlook::createMAPITable() {
-  return std::make_unique<FaultyTable>(call("outlook.createMAPITable", [&] { return real_.createMAPITable(); }));
-}
-std::unique_ptr<MAPIUtils> FaultyOutlook::createMAPIUtils() {
-  return std::make_unique<FaultyUtils>(call("outlook.createMAPIUtils", [&] { return real_.createMAPIUtils(); }));
-}
+#define MAKE(Pointer, standIn, name)                                      \
+  Pointer FaultyOutlook::name() {                                         \
+    return standIn(call("outlook." #name, [&] { return real_.name(); })); \
+  }
+MAKE(std::shared_ptr<Application>, inFrontOf<FaultyApplication>, activeApplication)
+MAKE(std::shared_ptr<Application>, inFrontOf<FaultyApplication>, createApplication)
+MAKE(std::unique_ptr<SafeTaskItem>, std::make_unique<FaultySafeTask>, createSafeTaskItem)
+MAKE(std::unique_ptr<SafeAppointmentItem>, std::make_unique<FaultySafeAppointment>, createSafeAppointmentItem)
+MAKE(std::unique_ptr<MAPITable>, std::make_unique<FaultyTable>, createMAPITable)
+MAKE(std::unique_ptr<MAPIUtils>, std::make_unique<FaultyUtils>, createMAPIUtils)
 
 }  // namespace tarnel::test

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "FakeErrorReport.h"
-#include "FakeUtilities.h"
+#include "Doubles.h"
 #include "Faults.h"
-#include "MemoryRegistry.h"
-#include "Platform.h"
+#include "FileRegistry.h"
 
 namespace tarnel::test {
 
@@ -21,19 +19,17 @@ class FaultyDatabase : public ado::Provider {
   class Session : public ado::Session {
    public:
     explicit Session(std::shared_ptr<ado::Session> real) : real_(std::move(real)) {}
-    ado::Result query(std::string_view statement) override {
-      return faults().call("database.query", [&] { return real_->query(statement); });
-    }
-    std::int32_t execute(std::string_view statement) override {
-      return faults().call("database.execute", [&] { return real_->execute(statement); });
-    }
-    std::vector<ado::Written> write(const ado::Result& shape, const std::vector<ado::Change>& changes) override {
-      return faults().call("database.write", [&] { return real_->write(shape, changes); });
-    }
-    std::vector<std::optional<ado::Row>> reread(const ado::Result& shape,
-                                                const std::vector<ado::Identity>& rows) override {
-      return faults().call("database.reread", [&] { return real_->reread(shape, rows); });
-    }
+#define CALL(Result, name, parameters, arguments)                                   \
+  Result name parameters override {                                                 \
+    return faults().call("database." #name, [&] { return real_->name arguments; }); \
+  }
+    CALL(ado::Result, query, (std::string_view statement), (statement))
+    CALL(std::int32_t, execute, (std::string_view statement), (statement))
+    CALL(std::vector<ado::Written>, write, (const ado::Result& shape, const std::vector<ado::Change>& changes),
+         (shape, changes))
+    CALL(std::vector<std::optional<ado::Row>>, reread,
+         (const ado::Result& shape, const std::vector<ado::Identity>& rows), (shape, rows))
+#undef CALL
 
    private:
     std::shared_ptr<ado::Session> real_;
@@ -42,25 +38,23 @@ class FaultyDatabase : public ado::Provider {
 };
 
 // What the wizard reads; its writes are the host's own.
-class FaultyRegistry : public MemoryRegistry {
- public:
+struct FaultyRegistry : FileRegistry {
+  using FileRegistry::FileRegistry;
   bool keyExists(std::string_view key) const override {
-    return faults().call("registry.keyExists", [&] { return MemoryRegistry::keyExists(key); });
+    return faults().call("registry.keyExists", [&] { return FileRegistry::keyExists(key); });
   }
   std::vector<std::string> subKeys(std::string_view key) const override {
-    return faults().call("registry.subKeys", [&] { return MemoryRegistry::subKeys(key); });
+    return faults().call("registry.subKeys", [&] { return FileRegistry::subKeys(key); });
   }
 };
 
-class FaultyUtilities : public FakeUtilities {
- public:
+struct FaultyUtilities : FakeUtilities {
   void run(Code code, const std::string& first, const std::string& second) override {
     faults().call("utilities.run", [&] { FakeUtilities::run(code, first, second); });
   }
 };
 
-class FaultyErrorReport : public FakeErrorReport {
- public:
+struct FaultyErrorReport : FakeErrorReport {
   void report(const FailureReport& failure) override {
     faults().call("report.report", [&] { FakeErrorReport::report(failure); });
   }

@@ -3,19 +3,17 @@
 #include <gtest/gtest.h>
 
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class SetTimeFormatTest : public ::testing::Test {
- protected:
+struct SetTimeFormatTest : testing::Test {
   void setDay(const std::string& hours, const std::string& start, const std::string& end) {
     session().theDateFormats[dateFormat::hoursInDay] = hours;
     session().theDateFormats[dateFormat::dayStart] = start;
     session().theDateFormats[dateFormat::dayEnd] = end;
   }
-  test::TestPlatform platform_;
+  TestPlatform platform_;
 };
 
 TEST_F(SetTimeFormatTest, readsAsTheWorkedValuesSay) {
@@ -46,35 +44,30 @@ TEST_F(SetTimeFormatTest, readsAsTheWorkedValuesSay) {
   }
 }
 
-TEST_F(SetTimeFormatTest, countsDaysOfTheWorkingDayAndWeeksOfFullDays) {
-  setDay("8", "480", "1080");  // ten hours between the bounds, eight in a day
-  EXPECT_EQ(SetTimeFormat(600), "10:00");
-  EXPECT_EQ(SetTimeFormat(1200), "2 Days");
-  EXPECT_EQ(SetTimeFormat(3361), "1W 0D 0:01");
-}
-
-TEST_F(SetTimeFormatTest, aFractionIsRoundedInItsMinutesOnly) {
-  setDay("24", "0", "0");
-  EXPECT_EQ(SetTimeFormat(90.5), "1:30");
-  EXPECT_EQ(SetTimeFormat(91.5), "1:32");
-  EXPECT_EQ(SetTimeFormat(1500.4), "1D 1:00");
-  setDay("7.5", "480", "930");
-  EXPECT_EQ(SetTimeFormat(451), "1D 0:01");
-}
-
-TEST_F(SetTimeFormatTest, aDayWithoutLengthFailsForAnyTimeButNone) {
-  setDay("0", "480", "1080");
-  EXPECT_EQ(SetTimeFormat(0), "0:00");
-  EXPECT_EQ(SetTimeFormat(5), "");
-  setDay("8", "480", "480");
-  EXPECT_EQ(SetTimeFormat(5), "");
-  setDay("eight", "480", "960");
-  EXPECT_EQ(SetTimeFormat(5), "");
-  ASSERT_EQ(platform_.errorReport.reports.size(), 3U);
-  EXPECT_EQ(platform_.errorReport.reports[0].number, 11);
-  EXPECT_EQ(platform_.errorReport.reports[1].number, 11);
-  EXPECT_EQ(platform_.errorReport.reports[2].number, 13);
+TEST_F(SetTimeFormatTest, daysAreOfTheWorkingDayWeeksOfFullDaysAndADayWithoutLengthFails) {
+  const struct {
+    const char* hours;
+    const char* start;
+    const char* end;
+    double minutes;
+    const char* told;
+    std::int32_t failure = 0;
+  } days[] = {{"8", "480", "1080", 600, "10:00"},  // ten hours between the bounds, eight in a day
+              {"8", "480", "1080", 1200, "2 Days"},  {"8", "480", "1080", 3361, "1W 0D 0:01"},
+              {"24", "0", "0", 90.5, "1:30"},  // a fraction is rounded in its minutes only
+              {"24", "0", "0", 91.5, "1:32"},        {"24", "0", "0", 1500.4, "1D 1:00"},
+              {"7.5", "480", "930", 451, "1D 0:01"}, {"0", "480", "1080", 0, "0:00"},
+              {"0", "480", "1080", 5, "", 11},       {"8", "480", "480", 5, "", 11},
+              {"eight", "480", "960", 5, "", 13}};
+  auto& reports = platform_.errorReport.reports;
+  for (const auto& day : days) {
+    setDay(day.hours, day.start, day.end);
+    reports.clear();
+    EXPECT_EQ(SetTimeFormat(day.minutes), day.told) << day.hours << " " << day.minutes;
+    EXPECT_EQ(reports.empty() ? 0 : reports.back().number, day.failure) << day.hours << " " << day.minutes;
+    EXPECT_LE(reports.size(), 1U);
+  }
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -6,13 +6,11 @@
 #include "TaskDatabase.h"
 #include "TaskPicker.h"
 #include "TestPlatform.h"
-#include "m_OutlookWizard.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
-class TaskListsTest : public ::testing::Test {
- protected:
+struct TaskListsTest : testing::Test {
   TaskListsTest() {
     platform_.use(database_.provider);
     session().theszConnect = database_.connect();
@@ -52,8 +50,8 @@ class TaskListsTest : public ::testing::Test {
     return text;
   }
 
-  test::TaskDatabase database_;
-  test::TestPlatform platform_;
+  TaskDatabase database_;
+  TestPlatform platform_;
   FormState form_;
   TaskLists lists_{form_};
 };
@@ -65,10 +63,9 @@ TEST_F(TaskListsTest, aRowCarriesCaptionPictureToolTipAndTag) {
   ASSERT_TRUE(lists_.refillTarnelList());
   EXPECT_EQ(keys(), "T2 T3 T1 ");
   const SmartItem& row = lists_.tarnelList.Items().Item("T1");
-  EXPECT_EQ(row.Caption(), "Cut && dry &&&& done");
-  EXPECT_EQ(row.Picture(), "OUTLOOK");
+  EXPECT_EQ(row.Caption() + "|" + row.Picture() + "|" + row.ToolTipText(),
+            "Cut && dry &&&& done|OUTLOOK|Scheduled: 1:30  Time Needed: 1:00");
   EXPECT_EQ(row.BackColor(), 0xCCFFFF);
-  EXPECT_EQ(row.ToolTipText(), "Scheduled: 1:30  Time Needed: 1:00");
   EXPECT_EQ(row.Tag(),
             "IMP=0\tDIFF=0\tNEEDS=-30\tPROJECT=Any\tPROJECTKEY=P1\tTIMENEEDED=60\tTIMESPENT=5\tTIMESCHEDULED=90\t"
             "POINTS=10\tSTATUSTAG=Poss. Points: 10, Project: Any,  Importance: None,  Difficulty: Trivial,  Time "
@@ -116,4 +113,4 @@ TEST_F(TaskListsTest, completedTasksAreSwitchedWithoutChangingTheOrder) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test

@@ -7,12 +7,11 @@
 #include "clsTarnelOutWizard.h"
 #include "ctDropDate.h"
 
-namespace tarnel {
+namespace tarnel::test {
 namespace {
 
 // Runs the wizard as a host does; each test looks into the modal window.
-class WizardTest : public ::testing::Test {
- protected:
+struct WizardTest : testing::Test {
   WizardTest() { platform_.use(database_.provider); }
 
   void run(std::function<void(Form&)> look, Date date = {}) {
@@ -34,8 +33,8 @@ class WizardTest : public ::testing::Test {
     return shown;
   }
 
-  test::TaskDatabase database_{host::taskDatabaseScript()};
-  test::TestPlatform platform_;
+  TaskDatabase database_{host::taskDatabaseScript()};
+  TestPlatform platform_;
   clsTarnelOutWizard wizard_;
 };
 
@@ -51,4 +50,4 @@ TEST_F(WizardTest, aHostsDayFrom1001OnIsShownAndAnyOtherMeansToday) {
 }
 
 }  // namespace
-}  // namespace tarnel
+}  // namespace tarnel::test
