@@ -7,6 +7,15 @@ namespace {
 
 class OddMailbox : public Story {};
 
+TEST_F(OddMailbox, outlookOutOfReachIsToldAndTheWizardStandsOn) {
+  addTask("A", "Still here");
+  run.home.write(mailboxFile, "no mailbox");
+  const test::ProgramResult result = drive("list smtTaskList(0)\n");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_NE(told(result).find("says: Unable to access Outlook"), std::string::npos) << told(result);
+  EXPECT_EQ(result.reply("list")["items"].size(), 1U);
+}
+
 TEST_F(OddMailbox, linkPropertyThatLeadsNowhereTouchesNoRow) {
   addTask("A", "Kept", {{"tskOutEntityID", "'A'"}});
   drive("");
