@@ -14,8 +14,9 @@ struct AppointmentCommandsTest : AppointmentsTest {
     tarnel().select(1);
     press("smtApptActions(0)", "UPDATE");  // A1 stands in Outlook, too
     day().refreshDay();
-    platform_.desktop.answers.push_back(MessageAnswer::yes);
   }
+
+  void answerYes() { platform_.desktop.answers.push_back(MessageAnswer::yes); }
 
   static std::int16_t indexOf(const ctMDay& schedule, const std::string& text) {
     for (std::int16_t i = 1; i <= schedule.AppCount(); ++i)
@@ -82,6 +83,7 @@ TEST_F(AppointmentCommandsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlo
   day().refreshDay();
   tarnel().select(1);
   platform_.use(noOutlook_);
+  answerYes();
   EXPECT_TRUE(day().DeleteTarnelAppts());
   EXPECT_EQ(report() + "; " + links(), "0 reports; A2|-\n");
 }
@@ -89,6 +91,7 @@ TEST_F(AppointmentCommandsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlo
 TEST_F(AppointmentCommandsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsTheRecord) {
   for (int i = 0; i < 2; ++i) deleteByHand("Write");
   tarnel().select(1);
+  answerYes();
   EXPECT_FALSE(day().DeleteTarnelAppts());
   EXPECT_EQ(report().substr(0, 18) + links(), "DeleteTarnelAppts A1|A1\nA2|-\n");
 }
@@ -96,6 +99,7 @@ TEST_F(AppointmentCommandsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsThe
 TEST_F(AppointmentCommandsTest, withOutlookOutOfReachTheOutlookSideReportsAndKeepsTheLink) {
   outlookSide().select(indexOf(outlookSide(), "Write"));
   platform_.use(noOutlook_);
+  answerYes();
   EXPECT_FALSE(day().DeleteOutlookAppts());
   EXPECT_EQ(report() + "; " + links(), "DeleteOutlookAppts 91; A1|A1\nA2|-\n");
 }
@@ -111,6 +115,7 @@ TEST_F(AppointmentCommandsTest, aForeignRowIsNeverTakenForTheCopyOfAnEmptyKey) {
   addAppt("", "11/19/2026 16:00:00", "11/19/2026 17:00:00", "No key");
   day().refreshDay();
   tarnel().select(indexOf(tarnel(), "No key"));
+  answerYes();
   EXPECT_TRUE(day().DeleteTarnelAppts());
   EXPECT_EQ(items(), dentist + standUp + write);
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
@@ -126,6 +131,7 @@ TEST_F(AppointmentCommandsTest, aDayChosenWhileAnotherIsReadIsTheOneOnShow) {
 TEST_F(AppointmentCommandsTest, eventsThatRefillTheDayMeanwhileTakeNoOtherRow) {
   selectAll(outlookSide());
   chooseNextDayAmongEvents();
+  answerYes();
   EXPECT_TRUE(day().DeleteOutlookAppts());
   EXPECT_EQ(report(), "0 reports");
   EXPECT_EQ(items(), "Deleted Items" + dentist.substr(8) + standUp + write);

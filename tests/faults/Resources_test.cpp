@@ -29,6 +29,8 @@ struct Resources : Story {
     const Stock stock = soundStock(place);
     EXPECT_EQ(stock.tasks, tasks) << place;
     linked_ = stock.linked;
+    // Nothing here throws an item away, so that a second copy is seen wherever it lies.
+    for (const json& item : items()) EXPECT_EQ(item["folder"], "Tasks") << place;
   }
 
   // The next run brings every task to Outlook once.

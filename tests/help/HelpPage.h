@@ -25,13 +25,12 @@ struct RecordedOutput : DocumentOutput {
   void preview(const Document&) override {}
 };
 
-// The popup on topic 250, in a help folder with its page alone. The user says yes to the first question.
+// The popup on topic 250, in a help folder with its page alone.
 class ShownHelp {
  public:
   ShownHelp() {
     std::filesystem::create_directories(folder());
     platform.applicationFolder.write("help/POP-OUTLOOKINTEGRATE.htm", "<p>Topic");
-    platform.desktop.answers = {MessageAnswer::yes};
     form->load();
     form->Setup(250);
     settings();

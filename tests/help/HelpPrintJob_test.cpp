@@ -7,6 +7,7 @@ namespace {
 
 TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
   ShownHelp help;
+  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT");
   EXPECT_EQ(help.calls,
             "SetPageText SetPageMargins EditorState1 EditorState2 EditorState3 EditorState4 EditorState5 "
@@ -32,6 +33,7 @@ TEST(HelpPrintJob, printCallsTheEditorInItsOrderAndHandsOverTheWholeJob) {
 
 TEST(HelpPrintJob, previewAsksItsOwnQuestionAndPrintsNothing) {
   ShownHelp help;
+  help.platform.desktop.answers = {MessageAnswer::yes};
   help.click("PRINT", "PRINTPREVIEW");
   EXPECT_NE(help.calls.find("AfterLoad PreviewDocument AfterOutput"), std::string::npos) << help.calls;
   EXPECT_TRUE(help.output->jobs.empty());
@@ -65,6 +67,7 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
   const auto failing = [](const char* what, auto breakIt) {
     ShownHelp help;
     breakIt(help);
+    help.platform.desktop.answers = {MessageAnswer::yes};
     help.click("PRINT");
     ASSERT_EQ(help.platform.errorReport.reports.size(), 1U) << what;
     const FailureReport& report = help.platform.errorReport.reports[0];
@@ -82,6 +85,7 @@ TEST(HelpPrintJob, failureOnTheWayIsReportedAndThePointerComesBack) {
 
 TEST(HelpPrintJob, popupClosedWhileItPreparesStillEndsItsJob) {
   ShownHelp help;
+  help.platform.desktop.answers = {MessageAnswer::yes};
   help.platform.desktop.onEvents = [&help] { help.form->unload(); };
   help.click("PRINT");
   EXPECT_EQ(help.output->jobs.size(), 1U);
