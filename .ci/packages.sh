@@ -3,8 +3,9 @@
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libical-dev libcli11-dev nlohmann-json3-dev
   libgtest-dev pkg-config)
 show_packages=(jq fonts-noto-core)
-test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format dpkg-dev file man-db)
-check_packages=(clang libclang-rt-dev llvm)
+test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format dpkg-dev file man-db
+  openssl nghttp2-server python3-radicale xandikos)  # servers that tests start; no package starts one by itself
+check_packages=(clang clang-tidy libclang-rt-dev llvm)
 
 install_missing() {
   if ! command -v dpkg-query >/dev/null; then

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "IcsReader.h"
+#include "MailboxFile.h"
 #include "OutlookFactory.h"
 #include "Redemption.h"
 

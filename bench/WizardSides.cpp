@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "MailboxFile.h"
 #include "TaskPicker.h"
 #include "TaskTransfer.h"
 #include "m_OutlookWizard.h"

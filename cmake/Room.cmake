@@ -32,6 +32,7 @@ function(add_room name)
     target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} INTERFACE ${ROOM_USES})
   endif()
+  set_property(GLOBAL APPEND PROPERTY ROOMS ${name})
 endfunction()
 
 # add_room_test(tasks SOURCES x_test.cpp USES tasks support): one test program per room, named <room>_tests. LONG ones

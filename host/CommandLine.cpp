@@ -10,6 +10,7 @@
 #include "Profiles.h"
 #include "SubCommands.h"
 #include "SystemClock.h"
+#include "TerminalText.h"
 #include "WizardRun.h"
 
 namespace tarnel::host {
@@ -33,6 +34,7 @@ const Date firstDay = Date::of(1902, 9, 27);
 std::string checkDate(const std::string& text) {
   const auto date = text.size() == 10 ? parseIsoDate(text) : std::nullopt;
   if (!date) return "A date is written YYYY-MM-DD, not " + text;
+  if (*date > lastDayShown()) return "The last day is 9999-12-30, not " + text;
   return *date < firstDay ? "The first day is 1902-09-27, not " + text : std::string();
 }
 
@@ -66,14 +68,14 @@ class CommandLine {
     } catch (const CLI::ParseError& error) {
       return app_.exit(error) == 0 ? succeeded : wrongUsage;  // --help ends here too
     } catch (const std::exception& error) {
-      std::cerr << "tarnel: " << error.what() << std::endl;
+      std::cerr << "tarnel: " << forTerminal(error.what()) << std::endl;
       return failed;
     }
   }
 
   void addNew() {
     CLI::App* command = app_.add_subcommand("new", "Make a new task database; an existing file is never touched");
-    command->add_option("FILE", file_, "The database to make")->capture_default_str();
+    command->add_option("FILE", file_, "The database to make")->capture_default_str()->check(notEmpty());
     command->add_flag("--demo", demo_, "Fill it with contents around today, and make the mailbox that goes with them");
     addMailboxOption(*command);
     command->callback([this] { action_ = [this] { return makeNew(); }; });
@@ -89,8 +91,10 @@ class CommandLine {
   }
 
   void addMailboxOption(CLI::App& command) {
-    command.add_option("--mailbox", options_.mailbox,
-                       "Outlook's mailbox file; that of the chosen profile, or your own, when left out");
+    command
+        .add_option("--mailbox", options_.mailbox,
+                    "Outlook's mailbox file; that of the chosen profile, or your own, when left out")
+        ->check(notEmpty());
   }
 
   void addWizard() {
@@ -122,7 +126,7 @@ class CommandLine {
   void addPictures() {
     CLI::App* command =
         app_.add_subcommand("pictures", "Save a picture of the window for each tab, without needing a screen");
-    command->add_option("FOLDER", pictures_.folder, "Where to save them")->required();
+    command->add_option("FOLDER", pictures_.folder, "Where to save them")->required()->check(notEmpty());
     command->add_option("--scale", pictures_.scale, "Pixels to one of a plain screen")
         ->check(CLI::Range(1.0, 4.0))
         ->capture_default_str();
@@ -132,7 +136,7 @@ class CommandLine {
   }
 
   void addWizardOptions(CLI::App& command) {
-    command.add_option("--database", options_.database, "The task database")->capture_default_str();
+    command.add_option("--database", options_.database, "The task database")->capture_default_str()->check(notEmpty());
     addMailboxOption(command);
     command
         .add_option_function<std::string>(
@@ -187,12 +191,13 @@ class CommandLine {
       const TarnelText folder = tarnelText(pictures_.folder.c_str());
       return control.UsePictures(&folder, pictures_.scale, pictures_.dark ? TARNEL_YES : TARNEL_NO, STDOUT_FILENO);
     };
+    options_.keepsOutlookUpToDate = false;  // pictures change nothing
     return run(pictures, sayEvent);
   }
 
   static void sayEvent(const std::string& name, const EventArguments& values) {
     std::cout << "event: " << name;
-    for (const auto& [argument, value] : values) std::cout << ", " << argument << " " << textOrEmpty(value);
+    for (const auto& [argument, value] : values) std::cout << ", " << argument << " " << onOneLine(textOrEmpty(value));
     std::cout << std::endl;
   }
 

@@ -11,7 +11,7 @@
 #include "Conversions.h"
 #include "Failure.h"
 #include "FileRegistry.h"
-#include "Folders.h"
+#include "UserFolders.h"
 
 namespace tarnel::host {
 namespace {
@@ -26,7 +26,7 @@ fs::path besideProgram() {
 }
 
 fs::path registered() {
-  const FileRegistry registry(folders::registry());
+  const FileRegistry registry(userFolders::registry());
   const auto read = [&registry](const std::string& key) {
     return textOrEmpty(registry.value(CRegistry::pathOf(rootKey::currentUser, "Software\\Classes\\" + key), ""));
   };
@@ -39,9 +39,9 @@ fs::path registered() {
 }
 
 fs::path locate() {
-  const fs::path beside = besideProgram();
+  fs::path beside = besideProgram();
   if (fs::exists(beside)) return beside;
-  const fs::path elsewhere = registered();
+  fs::path elsewhere = registered();
   if (!elsewhere.empty() && fs::exists(elsewhere)) return elsewhere;
   throw Failure(failure::fileNotFound, "The wizard's component is missing: it is neither \"" + beside.string() +
                                            "\" nor registered for you. Install the program anew, component and all.");

@@ -5,7 +5,9 @@
 
 #include "IcsReader.h"
 #include "IcsWriter.h"
+#include "MailboxFile.h"
 #include "MailboxList.h"
+#include "TerminalText.h"
 
 namespace tarnel::host {
 namespace {
@@ -60,7 +62,7 @@ void writeLine(std::ostream& out, const ListedItem& item) {
   out << item.entryId << "  " << item.folder << "  ";
   if (item.start) out << isoText(*item.start) << "  ";
   if (item.dueDate) out << "due " << isoText(*item.dueDate).substr(0, 10) << "  ";
-  out << item.subject;
+  out << onOneLine(item.subject);
   if (item.status) out << "  (" << nameOf(*item.status) << ")";
   if (item.recurring.value_or(false)) out << "  (recurring)";
   out << '\n';
@@ -84,7 +86,7 @@ bool MailboxCommands::import(const std::filesystem::path& ics, std::ostream& err
   if (!std::filesystem::exists(file_)) mailbox::createMailbox(file_);
   mailbox::Mailbox open(file_, Locale(), clock_);
   const mailbox::ImportReport report = mailbox::importIcs(open, ics);
-  for (const std::string& skipped : report.skipped) errors << skipped << '\n';
+  for (const std::string& skipped : report.skipped) errors << onOneLine(skipped) << '\n';
   out_ << report.added << " added, " << report.updated << " updated, " << report.unchanged << " unchanged, "
        << report.skipped.size() << " skipped\n";
   return report.skipped.empty();

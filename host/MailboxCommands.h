@@ -16,7 +16,8 @@ class MailboxCommands {
   MailboxCommands(std::filesystem::path file, const Clock& clock, std::ostream& out)
       : file_(std::move(file)), clock_(clock), out_(out) {}
 
-  // One line an item, or, as JSON, one array of items with ISO dates and null for what an item has not.
+  // One line an item, safe for terminals, or, as JSON, one array of items with ISO dates and null for what an item has
+  // not.
   void list(bool json) const;
   // Makes the mailbox where it is missing. What can't be taken is told by file and line on `errors`, and false is
   // given.

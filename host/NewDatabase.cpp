@@ -4,11 +4,12 @@
 #include "DemoMailbox.h"
 #include "DemoScript.h"
 #include "Failure.h"
-#include "Folders.h"
 #include "IcsReader.h"
+#include "Leftovers.h"
 #include "MailboxFile.h"
 #include "SqlText.h"
 #include "TaskDatabaseScript.h"
+#include "UserFolders.h"
 #include "createDatabase.h"
 
 namespace tarnel::host {
@@ -18,7 +19,7 @@ namespace fs = std::filesystem;
 
 // The whole path, its folder made.
 fs::path readyPath(const fs::path& file) {
-  const fs::path whole = fs::absolute(file);
+  fs::path whole = fs::absolute(file);
   std::error_code error;
   fs::create_directories(whole.parent_path(), error);
   if (error)
@@ -37,9 +38,7 @@ class DraftMailbox {
  public:
   explicit DraftMailbox(fs::path file) : file_(std::move(file)) { mailbox::createMailbox(file_); }
   ~DraftMailbox() {
-    std::error_code ignored;
-    if (kept_) return;
-    for (const char* ending : {"", "-wal", "-shm"}) fs::remove(file_.string() + ending, ignored);
+    if (!kept_) sqlite::removeDatabase(file_);
   }
   DraftMailbox(const DraftMailbox&) = delete;
   DraftMailbox& operator=(const DraftMailbox&) = delete;
@@ -58,13 +57,19 @@ class DraftMailbox {
 
 }  // namespace
 
-fs::path defaultDatabase() { return folders::data() / "TarnelData.db"; }
+fs::path defaultDatabase() { return userFolders::data() / "TarnelData.db"; }
 
 void newDatabase(const fs::path& file, const fs::path& mailboxFile) {
-  sqlite::createDatabase(readyPath(file), taskDatabaseScript() +
-                                              "INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" +
-                                              sqlText(GetANewGuid()) + ", 'My Tasks');\n");
-  mailbox::makeSureOfMailbox(fs::absolute(mailboxFile));
+  const fs::path database = readyPath(file);
+  if (fs::exists(mailboxFile)) mailbox::inspectMailbox(mailboxFile);
+  sqlite::createDatabase(database, taskDatabaseScript() + "INSERT INTO PROJECTS (prjGUIDID, prjProject) VALUES (" +
+                                       sqlText(GetANewGuid()) + ", 'My Tasks');\n");
+  try {
+    mailbox::makeSureOfMailbox(fs::absolute(mailboxFile));
+  } catch (...) {
+    sqlite::removeDatabase(database);
+    throw;
+  }
 }
 
 void newDemo(const fs::path& file, const fs::path& mailboxFile, const Clock& clock) {

@@ -2,10 +2,11 @@
 #include <memory>
 
 #include "FileRegistry.h"
-#include "Folders.h"
 #include "MailboxFile.h"
 #include "Profiles.h"
 #include "SubCommands.h"
+#include "TerminalText.h"
+#include "UserFolders.h"
 
 namespace tarnel::host {
 namespace {
@@ -16,14 +17,18 @@ struct ProfileOptions {
 };
 
 bool listProfiles(Profiles& profiles, const ProfileOptions&) {
-  for (const Profile& profile : profiles.list()) std::cout << profile.name << '\t' << profile.mailbox.string() << '\n';
+  for (const Profile& profile : profiles.list())
+    std::cout << onOneLine(profile.name) << '\t' << onOneLine(profile.mailbox.string()) << '\n';
   return true;
 }
 
 bool addProfile(Profiles& profiles, const ProfileOptions& options) {
-  profiles.add(options.name, options.file);
+  const std::filesystem::path file = std::filesystem::absolute(options.file);
+  const bool isThere = std::filesystem::exists(file);
+  if (isThere) mailbox::inspectMailbox(file);
+  profiles.add(options.name, file);
   try {
-    if (!std::filesystem::exists(options.file)) mailbox::createMailbox(std::filesystem::absolute(options.file));
+    if (!isThere) mailbox::createMailbox(file);
   } catch (...) {
     profiles.remove(options.name);
     throw;
@@ -46,7 +51,7 @@ void addProfileCommand(CLI::App& app, Action& action) {
     CLI::App* command = profile->add_subcommand(name, about);
     command->callback([&action, options, act] {
       action = [options, act] {
-        FileRegistry registry(folders::registry());
+        FileRegistry registry(userFolders::registry());
         Profiles profiles(registry);
         return act(profiles, *options);
       };
@@ -56,7 +61,7 @@ void addProfileCommand(CLI::App& app, Action& action) {
   addCommand("list", "All profiles with their mailbox files", listProfiles);
   CLI::App* adding = addCommand("add", "Add a profile", addProfile);
   adding->add_option("NAME", options->name, "The profile's name")->required();
-  adding->add_option("FILE", options->file, "Its mailbox, made where it is missing")->required();
+  adding->add_option("FILE", options->file, "Its mailbox, made where it is missing")->required()->check(notEmpty());
   addCommand("remove", "Forget a profile; its mailbox stays", removeProfile)
       ->add_option("NAME", options->name, "The profile's name")
       ->required();

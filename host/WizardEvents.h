@@ -16,9 +16,9 @@ using EventArguments = std::vector<std::pair<std::string, Variant>>;
 using EventTeller = std::function<void(const std::string& name, const EventArguments& arguments)>;
 
 // What this host does with the wizard's events: tells of each as it comes, and acts on three. It keeps the chosen
-// profile, and brings both sides in line with a new tasks mode through the wizard's own transfers, which tell the user
-// their counts. The ends of a mode ask for nothing: the modes are stored by the wizard, and the Outlook project was
-// ended before.
+// profile, in the one row of the settings that is for it, and brings both sides in line with a new mode through the
+// wizard's own transfers, which tell the user their counts. The ends of a mode ask for nothing: the modes are stored by
+// the wizard, and the Outlook project was ended before.
 class WizardEvents final : public __clsTarnelOutWizard {
  public:
   // Stays on the stack of whoever connects it, and must be disconnected before it goes; all must outlive it.
@@ -31,13 +31,18 @@ class WizardEvents final : public __clsTarnelOutWizard {
   TarnelResult Invoke(std::int32_t event, TarnelVariant* arguments, std::uint32_t count) override;
 
  private:
-  TarnelResult act(std::int32_t event, const TarnelVariant* arguments) const;
+  TarnelResult act(std::int32_t event, const TarnelVariant* arguments);
+  void noteModes(const TarnelVariant* arguments);
+  TarnelResult carryOutModes();
   void keepProfile(const std::string& profile) const;
 
   TarnelWizardControl& control_;
   ado::Provider& database_;
   std::string connection_;
   EventTeller tell_;
+  // What a new mode asks for and no event of its own will bring.
+  bool copiesTasks_ = false;
+  bool copiesAppointments_ = false;
 };
 
 }  // namespace tarnel::host

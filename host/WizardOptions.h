@@ -23,6 +23,7 @@ struct WizardOptions {
   std::string hours = "day";                         // "all" or "day"
   int interval = 30;                                 // minutes a row of the schedules
   std::string printSettings = defaultPrintSettings;  // CStringBag text
+  bool keepsOutlookUpToDate = true;                  // as the modes in force ask for it
 };
 
 }  // namespace tarnel::host

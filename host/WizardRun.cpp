@@ -5,7 +5,9 @@
 #include "Component.h"
 #include "ConnectionString.h"
 #include "Conversions.h"
+#include "Modes.h"
 #include "SqliteProvider.h"
+#include "TerminalText.h"
 
 namespace tarnel::host {
 namespace {
@@ -18,23 +20,38 @@ std::string connectionString(const std::filesystem::path& database) {
 // The text must outlive what is made of it.
 TarnelText argument(const std::string& text) { return tarnelText(text.c_str()); }
 
+TarnelBool toldAs(bool answer) { return answer ? TARNEL_YES : TARNEL_NO; }
+
 void setUp(const Component& component, const WizardOptions& options, const std::string& connection) {
   const TarnelText printSettings = argument(options.printSettings);
   require(component.wizard().SetTaskPrintSetting(&printSettings, nullptr), component);
   const std::string hours = toUpper(options.hours);
   const std::string interval = "M" + std::to_string(options.interval);
-  const TarnelBool appointments = options.appointments ? TARNEL_YES : TARNEL_NO;
+  const TarnelBool appointments = toldAs(options.appointments);
   const TarnelText display1 = argument(hours);
   const TarnelText display2 = argument(interval);
   const TarnelText database = argument(connection);
   require(component.wizard().Setup(&appointments, &display1, &display2, &database, &options.date.days), component);
 }
 
+// A database that can't be read is the wizard's to tell of.
+void keepUpToDate(const Component& component, ado::Provider& database, const std::string& connection) {
+  Modes modes;
+  try {
+    modes = modesIn(*database.open(connection));
+  } catch (const std::exception&) {
+    return;
+  }
+  require(component.control().CopyAtStart(toldAs(modes.tasks == Modes::automatic),
+                                          toldAs(modes.appointments == Modes::automatic)),
+          component);
+}
+
 // Whether the wizard ended without a failure.
 bool tellFailure(const Component& component) {
   TarnelText text{};
   if (component.control().FirstFailure(&text) != TARNEL_OK) return true;
-  std::cerr << "tarnel: " << std::string(text.bytes, text.length) << std::endl;
+  std::cerr << "tarnel: " << forTerminal({text.bytes, text.length}) << std::endl;
   std::free(text.bytes);
   return false;
 }
@@ -68,6 +85,7 @@ bool runWizard(const WizardOptions& options, const FaceChooser& chooseFace, cons
   sqlite::SqliteProvider database;
   WizardEvents events(control, database, connection, tell);
   const Advised advised(component, events);
+  if (options.keepsOutlookUpToDate) keepUpToDate(component, database, connection);
   setUp(component, options, connection);
   return tellFailure(component);
 }

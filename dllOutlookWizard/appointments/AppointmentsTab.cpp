@@ -8,13 +8,13 @@ namespace {
 
 void makeActions(SmartUI& bar) {
   const auto add = [&bar](const char* key, const char* caption, const char* toolTip) -> SmartItem& {
-    SmartItem& item = bar.Items().Add(0, key, caption, ItemType::button);
+    SmartItem& item = bar.Items().Add(0, key, caption, SmartItemType::button);
     item.setToolTipText(toolTip);
     return item;
   };
   add("ALL", "All", "Select all Task Appointments");
   add("NONE", "None", "Unselect all Task Appointments");
-  bar.Items().Add(0, "", "", ItemType::separator);
+  bar.Items().Add(0, "", "", SmartItemType::separator);
   add("DELETE", "Delete", "");
   add("UPDATE", "Copy/Update", "Copy selected Task Appointments to Outlook").setBold(true);
 }
@@ -98,17 +98,6 @@ void AppointmentsTab::ctDeadline_Change() {
     form_.formCurDate = ctDeadline_.Date();
     schedules.showFormDate();
     schedules.refreshDay();
-  });
-}
-
-void AppointmentsTab::smtApptActions_Click(int index, const SmartItem& item) {
-  standardHandler(modules::frmOutWiz, "smtApptActions_Click", [&] {
-    const bool tarnelSide = index == 0;
-    const std::string& key = item.Key();
-    if (key == "ALL") tarnelSide ? schedules.MarkAllTarnelAppts() : schedules.MarkAllOutlookAppts();
-    if (key == "NONE") tarnelSide ? schedules.UNMarkAllTarnelAppts() : schedules.UNMarkAllOutlookAppts();
-    if (key == "DELETE") tarnelSide ? schedules.DeleteTarnelAppts() : schedules.DeleteOutlookAppts();
-    if (key == "UPDATE") schedules.Tarnel2OUTAppts();  // from either side the marks of the Tarnel side
   });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "DaySchedules.h"
@@ -33,9 +34,16 @@ class AppointmentsTab {
   // Puts the time bar and both schedules on the hours and the interval that the host asked for.
   void SetCals();
 
+  // On the Tarnel side rows of Outlook are left alone.
+  bool MarkAllTarnelAppts();
+  bool UNMarkAllTarnelAppts();
+  bool MarkAllOutlookAppts();
+  bool UNMarkAllOutlookAppts();
+
  private:
   void ctDeadline_Change();
   void smtApptActions_Click(int index, const SmartItem& item);
+  bool markAll(std::string_view procedure, ctMDay& schedule, bool marked);
   void layTarnelPane(float width, float height);
   void layOutlookPane(float width, float height);
 

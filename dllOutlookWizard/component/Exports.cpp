@@ -1,18 +1,18 @@
-#include "ClassFactory.h"
 #include "Contained.h"
 #include "FileRegistry.h"
-#include "Folders.h"
 #include "Identifiers.h"
 #include "Live.h"
 #include "Reference.h"
 #include "Registration.h"
+#include "UserFolders.h"
+#include "WizardFactory.h"
 
 namespace tarnel {
 namespace {
 
 TarnelResult onUsersRegistry(bool (*act)(Registry&)) {
   return contained([act]() -> TarnelResult {
-    FileRegistry registry(folders::registry());
+    FileRegistry registry(userFolders::registry());
     return act(registry) ? TARNEL_OK : TARNEL_NOT_REGISTERED;
   });
 }
@@ -30,7 +30,7 @@ TarnelResult DllGetClassObject(const TarnelGuid* classId, const TarnelGuid* id, 
   if (!classId || !id) return TARNEL_NULL_POINTER;
   if (!same(*classId, CLSID_clsTarnelOutWizard)) return TARNEL_NO_CLASS;
   return contained([&] {
-    const auto factory = Reference<ClassFactory>::owning(new ClassFactory);
+    const auto factory = Reference<WizardFactory>::owning(new WizardFactory);
     return factory->QueryInterface(id, object);
   });
 }

@@ -27,12 +27,14 @@ bool writeEntry(Registry& registry) {
 }  // namespace
 
 bool registerClass(Registry& registry) {
+  const auto held = registry.hold();
   if (writeEntry(registry)) return true;
   unregisterClass(registry);
   return false;
 }
 
 bool unregisterClass(Registry& registry) {
+  const auto held = registry.hold();
   const bool classGone = registry.deleteKey(classPath());
   return registry.deleteKey(classesPath(className)) && classGone;
 }

@@ -6,14 +6,18 @@
 #include "ComponentFile.h"
 #include "Contained.h"
 #include "ErrorReport.h"
-#include "Folders.h"
+#include "FilesInUse.h"
 #include "HostTransfers.h"
 #include "Identifiers.h"
 #include "MailboxFile.h"
 #include "OutlookTasksProject.h"
 #include "ProfileArgument.h"
 #include "Profiles.h"
+#include "QuietPlatform.h"
+#include "StandardHandler.h"
 #include "Texts.h"
+#include "UserFolders.h"
+#include "m_OutlookWizard.h"
 
 namespace tarnel {
 namespace {
@@ -30,12 +34,11 @@ class Standing {
 };
 
 const Date firstDate = Date::of(100, 1, 1);
-const Date endOfDates = Date::of(9999, 12, 31).wholeDay();
 constexpr double mostScale = 4;
 
 Date received(const TarnelDate* date) {
   if (!date) return {};
-  if (!(*date >= firstDate.days && *date <= endOfDates.days)) throw Refusal{TARNEL_INVALID_ARGUMENT};
+  if (!(*date >= firstDate.days && *date < lastDayShown().days + 1)) throw Refusal{TARNEL_INVALID_ARGUMENT};
   return {*date};
 }
 
@@ -130,12 +133,13 @@ TarnelResult WizardObject::Setup(const TarnelBool* curDoingAppts, const TarnelTe
   AddRef();  // the host may let go of the object inside an event
   const auto itself = Reference<WizardObject>::owning(this);
   return guarded([&]() -> TarnelResult {
+    // One that is refused has no failure of its own to tell, and the one before is no answer to why.
+    if (standing != this) firstFailure_.clear();
     if (!curDoingAppts) return TARNEL_NULL_POINTER;
     const Call call{*curDoingAppts != TARNEL_NO, received(theTimeDisplay1), received(theTimeDisplay2),
                     received(theszConnect), received(CurDate)};
     if (standing) return TARNEL_BUSY;
     const Standing stands(*this);
-    firstFailure_.clear();
     run(call);
     return TARNEL_OK;
   });
@@ -150,9 +154,12 @@ void WizardObject::run(const Call& call) {
       },
       mailbox_.value_or(defaultMailbox()));
   const std::shared_ptr<Desktop> desktop = face_();
-  ErrorReport errorReport(*desktop, parts.clock(), folders::state() / "errors.txt");
+  ErrorReport errorReport(*desktop, parts.clock(), userFolders::state() / "errors.txt",
+                          [&](FailureReport& report) { addFilesInUse(report, mailbox_, parts.registry()); });
   OutlookTasksProject outlookProject(parts.database(), GetANewGuid);
-  parts.install(*desktop, errorReport, outlookProject, componentFile().parent_path());
+  parts.install(*desktop, errorReport, outlookProject, componentFile().parent_path(),
+                mailbox_.value_or(std::filesystem::path()));
+  copyAtStart(call.connection);
   wizard_.Setup(call.appointments, call.hours, call.interval, call.connection, call.date);
   if (errorReport.first()) firstFailure_ = told(errorReport);
 }
@@ -223,14 +230,45 @@ TarnelResult WizardObject::ExplainFailure(std::int32_t number, const TarnelText*
   });
 }
 
-TarnelResult WizardObject::transfer(bool (*act)()) {
+TarnelResult WizardObject::insideEvent(const std::function<bool()>& act) {
   return guarded([&]() -> TarnelResult {
     if (standing != this || !sinks_.isRaising()) return TARNEL_NO_WIZARD;
     return act() ? TARNEL_OK : TARNEL_FALSE;
   });
 }
 
-TarnelResult WizardObject::CopyCurrentTasks() { return transfer(copyCurrentTasks); }
-TarnelResult WizardObject::ImportOutlookTasks() { return transfer(importOutlookTasks); }
+TarnelResult WizardObject::CopyCurrentTasks() { return insideEvent(copyCurrentTasks); }
+TarnelResult WizardObject::ImportOutlookTasks() { return insideEvent(importOutlookTasks); }
+
+TarnelResult WizardObject::CopyTaskAppointments() { return insideEvent(copyTaskAppointments); }
+
+TarnelResult WizardObject::CopyAtStart(TarnelBool currentTasks, TarnelBool taskAppointments) {
+  return guarded([&]() -> TarnelResult {
+    if (standing) return TARNEL_BUSY;
+    copiesTasksAtStart_ = currentTasks != TARNEL_NO;
+    copiesAppointmentsAtStart_ = taskAppointments != TARNEL_NO;
+    return TARNEL_OK;
+  });
+}
+
+// Before there is a form: a failure is reported, but it doesn't keep the user out of the wizard, where the mode can be
+// changed. What stopped the one copy would stop the other, too.
+void WizardObject::copyAtStart(const std::string& connection) const {
+  if (!copiesTasksAtStart_ && !copiesAppointmentsAtStart_) return;
+  session().theszConnect = connection;
+  const QuietPlatform quiet;
+  if (!ignoringFailures(readSettingsForTransfers)) return;  // the wizard itself tells of that
+  standardHandler(modules::clsTarnelOutWizard, "CopyAtStart", [this] {
+    if (copiesTasksAtStart_ && !copyCurrentTasks()) return;
+    if (copiesAppointmentsAtStart_) copyTaskAppointments();
+  });
+}
+
+TarnelResult WizardObject::TellUser(const TarnelText* text) {
+  return insideEvent([text] {
+    tellUser(received(text));
+    return true;
+  });
+}
 
 }  // namespace tarnel

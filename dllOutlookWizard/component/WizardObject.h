@@ -46,6 +46,9 @@ class WizardObject final : public _clsTarnelOutWizard,
   TarnelResult ExplainFailure(std::int32_t number, const TarnelText* text) override;
   TarnelResult CopyCurrentTasks() override;
   TarnelResult ImportOutlookTasks() override;
+  TarnelResult TellUser(const TarnelText* text) override;
+  TarnelResult CopyTaskAppointments() override;
+  TarnelResult CopyAtStart(TarnelBool currentTasks, TarnelBool taskAppointments) override;
 
  private:
   struct Call {
@@ -58,14 +61,18 @@ class WizardObject final : public _clsTarnelOutWizard,
   // Runs an operation that came from the host.
   TarnelResult guarded(const std::function<TarnelResult()>& operation);
   TarnelResult choose(const std::function<Face()>& face);
-  TarnelResult transfer(bool (*act)());
+  // What handlers alone may call, which answers whether it came to its end.
+  TarnelResult insideEvent(const std::function<bool()>& act);
   void listenToWizard();
+  void copyAtStart(const std::string& connection) const;
   void run(const Call& call);
 
   std::atomic<std::uint32_t> references_{1};
   std::thread::id thread_ = std::this_thread::get_id();
   Face face_ = windowFace();
   std::optional<std::filesystem::path> mailbox_;
+  bool copiesTasksAtStart_ = false;
+  bool copiesAppointmentsAtStart_ = false;
   std::string firstFailure_;  // empty: none
   ConnectionPoint sinks_;
   clsTarnelOutWizard wizard_;

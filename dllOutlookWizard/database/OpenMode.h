@@ -20,12 +20,12 @@ enum class OpenOperation {
 // How one of them opens: the recordset's properties before the open, what is passed to the open, and whether the
 // recordset stands alone afterwards.
 struct OpenMode {
-  OpenOperation operation;
-  ado::CursorLocation location;
-  ado::CursorType cursor;
-  ado::LockType lock;
-  ado::CursorType openCursor;
-  ado::LockType openLock;
+  OpenOperation operation{};
+  ado::CursorLocation location{};
+  ado::CursorType cursor{};
+  ado::LockType lock{};
+  ado::CursorType openCursor{};
+  ado::LockType openLock{};
   bool disconnected = false;
 };
 

@@ -6,7 +6,7 @@
 namespace tarnel {
 
 // TarnelSettings.txt, which says where the database lies: five lines, each ended by CR LF, the path between a line
-// "<DBLoc>" and a line "</DBLoc>".
+// "<DBLoc>" and a line "</DBLoc>". Plain line ends are read, too.
 class SettingsFile {
  public:
   explicit SettingsFile(const std::filesystem::path& folder) : path_(folder / "TarnelSettings.txt") {}

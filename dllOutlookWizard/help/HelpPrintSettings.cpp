@@ -1,15 +1,27 @@
 #include "HelpPrintSettings.h"
 
 #include "Conversions.h"
+#include "Explained.h"
 
 namespace tarnel {
+namespace {
+
+// The value of a key as the number that `convert` makes of it.
+template <class Convert>
+auto numberOf(const CStringBag& bag, const std::string& key, Convert convert) {
+  const std::string value = bag.ReadItem(key);
+  return explained("the print setting " + key + " is \"" + value + "\", which is no number that can be used",
+                   [&] { return convert(value); });
+}
+
+}  // namespace
 
 void HelpPrintSettings::read(const CStringBag& bag) {
-  const auto number = [&bag](std::string_view key) { return toLong(bag.ReadItem(key)); };
-  const auto centimetres = [&bag](std::string_view key) { return toSingle(bag.ReadItem(key)); };
+  const auto number = [&bag](const char* key) { return numberOf(bag, key, toLong); };
+  const auto centimetres = [&bag](const char* key) { return numberOf(bag, key, toSingle); };
   // What a help print makes no use of is read all the same: a settings text with a fault in it shall not pass.
   bag.ReadItem("PRINTER");
-  if (const std::string copies = bag.ReadItem("COPIES"); !copies.empty()) toLong(copies);
+  if (!bag.ReadItem("COPIES").empty()) number("COPIES");
   bag.ReadItem("PAPER");
   TOP = centimetres("TOP");
   BOTTOM = centimetres("BOTTOM");

@@ -43,18 +43,18 @@ frmPopHelp::frmPopHelp()
 
 void frmPopHelp::makeItems() {
   SmartItems& items = smtAction_.Items();
-  SmartItem& noShow = items.Add(0, "NOSHOW", "Show Tour when Application starts", ItemType::checkBox);
+  SmartItem& noShow = items.Add(0, "NOSHOW", "Show Tour when Application starts", SmartItemType::checkBox);
   noShow.setToolTipText("Show/don't the Tour when application opens");
   noShow.setVisible(false);
-  items.Add(0, "S1", "", ItemType::separator).setVisible(false);
-  SmartItems& printing = items.Add(0, "PRINT", "Printing ", ItemType::menu).SubItems();
-  printing.Add(0, "PRINT", "Print", ItemType::menuEntry, "print");
-  printing.Add(0, "PRINTPREVIEW", "Print Preview", ItemType::menuEntry, "preview");
-  items.Add(0, "", "", ItemType::separator);
-  items.Add(0, "BACK", "Back", ItemType::button).setToolTipText("Go back a Help Topic");
+  items.Add(0, "S1", "", SmartItemType::separator).setVisible(false);
+  SmartItems& printing = items.Add(0, "PRINT", "Printing ", SmartItemType::menu).SubItems();
+  printing.Add(0, "PRINT", "Print", SmartItemType::menuEntry, "print");
+  printing.Add(0, "PRINTPREVIEW", "Print Preview", SmartItemType::menuEntry, "preview");
+  items.Add(0, "", "", SmartItemType::separator);
+  items.Add(0, "BACK", "Back", SmartItemType::button).setToolTipText("Go back a Help Topic");
   items.Item("BACK").setVisible(false);
-  items.Add(0, "", "", ItemType::separator);
-  items.Add(0, "CLOSE", "Close Window", ItemType::button);
+  items.Add(0, "", "", SmartItemType::separator);
+  items.Add(0, "CLOSE", "Close Window", SmartItemType::button);
 }
 
 bool frmPopHelp::setHelpPrinterSettings(const std::string& helpstring) {
@@ -109,7 +109,7 @@ void frmPopHelp::Form_QueryUnload() {
 
 void frmPopHelp::smtAction_Click(const SmartItem& item) {
   standardHandler(modules::frmPopHelp, "smtAction_Click", [&] {
-    const std::string key = item.Key();
+    const std::string& key = item.Key();
     if (key == "CLOSE") closePop();
     if (key == "PRINT") run(HelpPrintJob::Kind::print);
     if (key == "PRINTPREVIEW") run(HelpPrintJob::Kind::preview);

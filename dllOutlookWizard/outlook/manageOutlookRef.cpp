@@ -47,8 +47,11 @@ bool manageOutlookRef() {
   return false;
 }
 
-void tellOutlookIsOutOfReach() {
+bool attachOrTell(const std::function<void()>& beforeTelling) {
+  if (manageOutlookRef()) return true;
+  if (beforeTelling) beforeTelling();
   tellUser("Unable to access Outlook. Outlook may be busy, or in an unresponsive state.");
+  return false;
 }
 
 void closeOutlook() {

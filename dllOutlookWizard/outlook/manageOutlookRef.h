@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "Application.h"
 
 namespace tarnel {
@@ -9,8 +11,9 @@ namespace tarnel {
 // logged on. False when both attempts failed; the user has been told, and either may be set or empty.
 bool manageOutlookRef();
 
-// What a routine says when it can't go on without Outlook.
-void tellOutlookIsOutOfReach();
+// The same for a routine that can't go on without Outlook: where it is out of reach, calls `beforeTelling` and tells
+// the user that as well.
+bool attachOrTell(const std::function<void()>& beforeTelling = {});
 
 // Ends a run: Redemption's cleanup, whose failures are ignored, then lets go of Outlook.
 void closeOutlook();

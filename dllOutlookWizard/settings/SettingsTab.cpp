@@ -1,8 +1,8 @@
 #include "SettingsTab.h"
 
+#include "Captions.h"
 #include "Failure.h"
 #include "IntegrationModes.h"
-#include "ItemText.h"
 #include "SettingsItems.h"
 #include "StandardHandler.h"
 #include "m_OutlookWizard.h"
@@ -65,7 +65,7 @@ void SettingsTab::showNote(std::string_view key) {
 
 void SettingsTab::smtSettings_Click(const SmartItem& item) {
   standardHandler(modules::frmOutWiz, "smtSettings_Click", [&] {
-    const std::string key = item.Key();
+    const std::string& key = item.Key();
     const auto taskMode = modeOfKey(taskModes, key);
     if (!taskMode && !modeOfKey(apptModes, key)) return;
     if (taskMode) {
@@ -84,12 +84,12 @@ void SettingsTab::offerProjects() {
   SmartItems& items = smtSettings.Items();
   if (!items.Exists(settingsKey::outToProject))
     items.Add(items.Count(), settingsKey::outToProject,
-              "Move Microsoft\u00AE Outlook\u00AE Project tasks to:", ItemType::dropDown);
+              "Move Microsoft\u00AE Outlook\u00AE Project tasks to:", SmartItemType::dropDown);
   SmartItem& choice = items.Item(settingsKey::outToProject);
   choice.SubItems().Clear();
   for (std::size_t i = 0; i < state.theProjectKeys.size(); ++i)
     if (state.theProjectKeys[i] != state.theOutlookProjectKey)
-      choice.SubItems().Add(0, state.theProjectKeys[i], state.theProjectNames[i], ItemType::dropDownEntry);
+      choice.SubItems().Add(0, state.theProjectKeys[i], state.theProjectNames[i], SmartItemType::dropDownEntry);
   // Without any project there is nothing to offer; looking at the mode must not end the wizard.
   if (!state.theProjectNames.empty()) choice.setValue(state.theProjectNames.front());
 }

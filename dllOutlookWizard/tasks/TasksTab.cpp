@@ -13,11 +13,11 @@ struct ActionTips {
 
 void makeActions(SmartUI& bar, const ActionTips& tips) {
   const auto add = [&bar](const char* key, const char* caption, const char* toolTip) {
-    bar.Items().Add(0, key, caption, ItemType::button).setToolTipText(toolTip);
+    bar.Items().Add(0, key, caption, SmartItemType::button).setToolTipText(toolTip);
   };
   add("ALL", "All", "Select all Tasks");
   add("NONE", "None", "Unselect all Tasks");
-  bar.Items().Add(0, "", "", ItemType::separator);
+  bar.Items().Add(0, "", "", SmartItemType::separator);
   add("MARKASDONE", "Mark as Done", tips.markAsDone);
   add("DELETE", "Delete", tips.remove);
   add("UPDATE", "Copy/Update", tips.update);

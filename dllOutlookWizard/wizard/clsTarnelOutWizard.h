@@ -45,7 +45,7 @@ class clsTarnelOutWizard {
   void letGoOfForm();
   void frm_CloseWiz();
 
-  std::shared_ptr<frmOutWiz> frm;  // empty while no form lives
+  std::shared_ptr<frmOutWiz> frm;  // the system's own name for it; empty while no form lives
   std::vector<Connection> formEvents_;
 };
 

@@ -1,12 +1,13 @@
 #include "frmOutWiz.h"
 
 #include <array>
+#include <filesystem>
 #include <functional>
 
-#include "ItemText.h"
+#include "Captions.h"
 #include "Platform.h"
-#include "SessionSettings.h"
 #include "StandardHandler.h"
+#include "StoredSettings.h"
 #include "m_OutlookWizard.h"
 
 namespace tarnel {
@@ -42,7 +43,7 @@ frmOutWiz::frmOutWiz()
 
 void frmOutWiz::makeControls() {
   const auto add = [this](const char* key, const char* caption, const char* toolTip) -> SmartItem& {
-    SmartItem& item = smtActions_.Items().Add(0, key, caption, ItemType::button);
+    SmartItem& item = smtActions_.Items().Add(0, key, caption, SmartItemType::button);
     item.setToolTipText(toolTip);
     return item;
   };
@@ -102,6 +103,7 @@ void frmOutWiz::SetupForm(Date CurDate) {
       if (!isLoaded()) return;  // a failure in the step before took the form away
       step();
     }
+    filledProfile_ = session().theOutlookProfile;
     state_.formLoading = false;
     settings_.setTheSettings();
     UNlockTabs();
@@ -123,6 +125,12 @@ bool frmOutWiz::loadMySettings() {
   });
 }
 
+void frmOutWiz::fillFromOutlook() {
+  filledProfile_ = session().theOutlookProfile;
+  tasks_.lists.GetOutlookTasks();
+  appointments_.schedules.refreshDay();
+}
+
 void frmOutWiz::openFirstTab() {
   if (session().curDoingAppts) {
     tabWiz_.setCurrent(1);
@@ -132,9 +140,13 @@ void frmOutWiz::openFirstTab() {
   }
 }
 
-// The next command works on the profile's mailbox, whatever the settings tab offers: the title says so on every tab.
+// The next command works on the profile's mailbox, whatever the settings tab offers, or on the one file that was named
+// for all profiles: the title says so on every tab.
 void frmOutWiz::showProfile() {
-  setCaption(profileIsChosen() ? std::string(title) + " - " + unzapAmps(session().theOutlookProfile) : title);
+  const std::string profile = profileIsChosen() ? unzapAmps(session().theOutlookProfile) : std::string();
+  const std::filesystem::path& file = platform().mailbox;
+  const std::string mailbox = file.empty() ? profile : file.filename().string();
+  setCaption(mailbox.empty() ? title : std::string(title) + " - " + mailbox);
 }
 
 }  // namespace tarnel

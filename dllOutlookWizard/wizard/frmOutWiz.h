@@ -62,6 +62,8 @@ class frmOutWiz : public Form {
   void placeBySettings();
   void openFirstTab();
   void showProfile();
+  // Fills what shows Outlook from the mailbox of the profile in force.
+  void fillFromOutlook();
   void placePanel(PictureBox& panel, float besideWidth, float besideHeight);
   void rememberPlace();
   void setLocked(bool locked);
@@ -93,6 +95,7 @@ class frmOutWiz : public Form {
   SSResizer settingsResizer_;
   std::int16_t visibleTab_ = 0;
   bool settingsRead_ = false;
+  std::string filledProfile_;            // whose mailbox the Outlook list and the schedules show
   std::shared_ptr<frmPopHelp> helpPop_;  // while it is open
   std::vector<Connection> connections_;
 };

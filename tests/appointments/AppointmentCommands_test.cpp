@@ -1,4 +1,5 @@
 #include "AppointmentsFixture.h"
+#include "ApptTransfer.h"
 
 namespace tarnel::test {
 namespace {
@@ -56,7 +57,7 @@ TEST_F(AppointmentCommandsTest, aMarkedRowWithoutARecordIsNotCopiedAndLosesItsMa
   const std::int16_t review = indexOf(tarnel(), "Review");
   tarnel().setAppTag(review, "gone");
   tarnel().select(review);
-  EXPECT_TRUE(day().Tarnel2OUTAppts());
+  EXPECT_TRUE(Tarnel2OUTAppts(day()));
   EXPECT_EQ(tarnel().AppMarkImage(review), 0);
   EXPECT_EQ(items() + links(), dentist + standUp + write + "A1|A1\nA2|-\n");
 }
@@ -64,15 +65,15 @@ TEST_F(AppointmentCommandsTest, aMarkedRowWithoutARecordIsNotCopiedAndLosesItsMa
 TEST_F(AppointmentCommandsTest, aRecordThatSomeoneElseChangedIsNotCopied) {
   tarnel().select(indexOf(tarnel(), "Review"));
   database_.run("UPDATE TASKAPPTS SET taOutlookEntryID = 'A2' WHERE taGUIDID = 'A2'");
-  EXPECT_FALSE(day().Tarnel2OUTAppts());
+  EXPECT_FALSE(Tarnel2OUTAppts(day()));
   EXPECT_EQ(report(), "Tarnel2OUTAppts -2147217864");
   EXPECT_EQ(items(), dentist + standUp + write);
 }
 
 TEST_F(AppointmentCommandsTest, withoutMarksEachSideSaysSo) {
-  EXPECT_FALSE(day().DeleteOutlookAppts());
+  EXPECT_FALSE(DeleteOutlookAppts(day()));
   EXPECT_EQ(lastMessage(), "No Outlook Appointments or Task Appointments selected to delete.");
-  EXPECT_FALSE(day().DeleteTarnelAppts());
+  EXPECT_FALSE(DeleteTarnelAppts(day()));
   EXPECT_EQ(lastMessage(),
             "No Tarnel Task Appointments selected to delete. (Delete Outlook Appointments in the Outlook half of the "
             "Wizard, or if reoccuring, in Outlook itself.)");
@@ -84,7 +85,7 @@ TEST_F(AppointmentCommandsTest, aRecordWhoseItemWasDeletedByHandGoesWithoutOutlo
   tarnel().select(1);
   platform_.use(noOutlook_);
   answerYes();
-  EXPECT_TRUE(day().DeleteTarnelAppts());
+  EXPECT_TRUE(DeleteTarnelAppts(day()));
   EXPECT_EQ(report() + "; " + links(), "0 reports; A2|-\n");
 }
 
@@ -92,7 +93,7 @@ TEST_F(AppointmentCommandsTest, anItemThatIsGoneForGoodEndsTheCommandAndKeepsThe
   for (int i = 0; i < 2; ++i) deleteByHand("Write");
   tarnel().select(1);
   answerYes();
-  EXPECT_FALSE(day().DeleteTarnelAppts());
+  EXPECT_FALSE(DeleteTarnelAppts(day()));
   EXPECT_EQ(report().substr(0, 18) + links(), "DeleteTarnelAppts A1|A1\nA2|-\n");
 }
 
@@ -100,7 +101,7 @@ TEST_F(AppointmentCommandsTest, withOutlookOutOfReachTheOutlookSideReportsAndKee
   outlookSide().select(indexOf(outlookSide(), "Write"));
   platform_.use(noOutlook_);
   answerYes();
-  EXPECT_FALSE(day().DeleteOutlookAppts());
+  EXPECT_FALSE(DeleteOutlookAppts(day()));
   EXPECT_EQ(report() + "; " + links(), "DeleteOutlookAppts 91; A1|A1\nA2|-\n");
 }
 
@@ -116,7 +117,7 @@ TEST_F(AppointmentCommandsTest, aForeignRowIsNeverTakenForTheCopyOfAnEmptyKey) {
   day().refreshDay();
   tarnel().select(indexOf(tarnel(), "No key"));
   answerYes();
-  EXPECT_TRUE(day().DeleteTarnelAppts());
+  EXPECT_TRUE(DeleteTarnelAppts(day()));
   EXPECT_EQ(items(), dentist + standUp + write);
   EXPECT_EQ(links(), "A1|A1\nA2|-\n");
 }
@@ -132,7 +133,7 @@ TEST_F(AppointmentCommandsTest, eventsThatRefillTheDayMeanwhileTakeNoOtherRow) {
   selectAll(outlookSide());
   chooseNextDayAmongEvents();
   answerYes();
-  EXPECT_TRUE(day().DeleteOutlookAppts());
+  EXPECT_TRUE(DeleteOutlookAppts(day()));
   EXPECT_EQ(report(), "0 reports");
   EXPECT_EQ(items(), "Deleted Items" + dentist.substr(8) + standUp + write);
   EXPECT_EQ(rowsOf(outlookSide()), "09:15-09:30 20 Stand-up [1 0]\n");

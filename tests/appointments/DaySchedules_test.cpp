@@ -2,6 +2,8 @@
 #include "CStringBag.h"
 #include "DayQuery.h"
 #include "Failure.h"
+#include "MarkedRows.h"
+#include "ScheduleRow.h"
 
 namespace tarnel::test {
 namespace {
@@ -89,6 +91,19 @@ TEST_F(DaySchedulesTest, aDayOfFiveThousandItemsIsShownWhole) {
   EXPECT_EQ(report(), "0 reports");
 }
 
+TEST_F(DaySchedulesTest, aFullScheduleTellsHowManyItLeavesOutAndIsWorkedOnToItsEnd) {
+  while (tarnel().AppCount() < ctMDay::mostAppointments - 2) tarnel().AppAdd(480, 540, 46345, "Work", "A");
+  for (int i = 0; i < 5; ++i) addEvent("Dentist", "20261119T100000", "20261119T110000");
+  EXPECT_TRUE(day().GetDisplayOutlookAppts(tarnel(), form_.formCurDate, form_.formCurDate));
+  EXPECT_EQ(outlookSide().AppCount(), 5);
+  EXPECT_EQ(
+      platform_.desktop.messageTexts(),
+      std::vector<std::string>{"This day has more appointments than can be shown. Shown are the first 32766, left "
+                               "out: 3."});
+  tarnel().setAppMarkImage(ctMDay::mostAppointments, apptPicture::check);
+  EXPECT_EQ(MarkedRows(tarnel()).outlookCount, 1);
+}
+
 TEST_F(DaySchedulesTest, theStatementSpansTheDayToTheNextMidnight) {
   const Date evening = Date::of(2026, 11, 19, 17, 30);
   const auto span = [](const std::string& from, const std::string& to) {
@@ -144,7 +159,7 @@ struct TimeBarTest : AppointmentsTest {
   }
 };
 
-TEST_F(TimeBarTest, theHostsChoiceStandsAtFirstAndUnknownTextsMeanTheWholeDayInHours) {
+TEST_F(TimeBarTest, hostsChoiceIsShownAndUnknownTextsMeanTheWholeDay) {
   session().theTimeDisplay1 = "DAY";
   session().theTimeDisplay2 = "M20";
   tab_.SetCals();

@@ -17,6 +17,12 @@ TEST(CCreateGuid, makesRandomGuidsOfVersionFourInTheirFullWidth) {
     guids.insert(guid);
   }
   EXPECT_EQ(guids.size(), 1000U);
+  for (std::size_t at = 0; at < 36; ++at) {
+    std::set<char> seen;
+    for (const std::string& guid : guids) seen.insert(guid[at]);
+    const bool fixed = at == 8 || at == 13 || at == 14 || at == 18 || at == 23;
+    EXPECT_EQ(seen.size(), fixed ? 1U : at == 19 ? 4U : 16U) << at;
+  }
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 const std::string updates = "tab 2\nclick smtSettings APPT4\nclick smtActions UPDATE\n";
 using Events = std::vector<std::int32_t>;
 
-TEST_F(Component, raisesTheEventsByNumberAndTakesWhatAHandlerPutsInTheirArguments) {
+TEST_F(Component, eventsComeByNumberAndTakeWhatAHandlerPutsIn) {
   Wizard wizard(library, user);
   const auto first = aSink([](std::int32_t event, TarnelVariant* arguments) {
     if (event != TARNEL_UPDATE_OUTLOOK_SETTINGS) return TARNEL_OK;
@@ -163,7 +163,7 @@ TEST_F(Component, argumentsThatMakeNoSenseAreRefused) {
   EXPECT_EQ(setUp(&no, nullptr, nullptr), TARNEL_NULL_POINTER);
   EXPECT_EQ(setUp(&no, &noBytes, nullptr), TARNEL_NULL_POINTER);
   EXPECT_EQ(setUp(&no, &nullInside, nullptr), TARNEL_INVALID_ARGUMENT);
-  for (const double date : {std::nan(""), HUGE_VAL, -1e6, 3e6})
+  for (const double date : {std::nan(""), HUGE_VAL, -1e6, 2958465.0, 3e6})
     EXPECT_EQ(setUp(&no, &text, &date), TARNEL_INVALID_ARGUMENT);
   TarnelBool kept = 1;
   EXPECT_EQ(wizard.wizard->SetTaskPrintSetting(nullptr, &kept), TARNEL_NULL_POINTER);
@@ -172,6 +172,7 @@ TEST_F(Component, argumentsThatMakeNoSenseAreRefused) {
   EXPECT_EQ(kept, TARNEL_YES);
   EXPECT_EQ(wizard.control->UseScript(-1, 1), TARNEL_INVALID_ARGUMENT);
   EXPECT_EQ(wizard.control->UsePictures(&text, std::nan(""), no, 1), TARNEL_INVALID_ARGUMENT);
+  EXPECT_EQ(wizard.control->UsePictures(&text, 1, no, -1), TARNEL_INVALID_ARGUMENT);
   EXPECT_EQ(wizard.control->UseMailbox(nullptr), TARNEL_NULL_POINTER);
   EXPECT_EQ(wizard.control->FirstFailure(nullptr), TARNEL_NULL_POINTER);
   std::uint32_t cookie = 1;
@@ -186,6 +187,8 @@ TEST_F(Component, worldThatRefusesTheWizardIsAResultWithItsWords) {
   setenv("XDG_DATA_HOME", (user.home / "file").c_str(), 1);
   EXPECT_EQ(wizard.setUp("show\n"), TARNEL_FAILURE(440)) << "no mailbox can be made for this user";
   EXPECT_NE(wizard.firstFailure().find("Outlook.mailbox\" can't be created"), std::string::npos);
+  EXPECT_EQ(wizard.wizard->Setup(nullptr, nullptr, nullptr, nullptr, nullptr), TARNEL_NULL_POINTER);
+  EXPECT_EQ(wizard.firstFailure(), "none") << "of the last Setup";
   const TarnelText mailbox = tarnelText(blocked.c_str());
   EXPECT_EQ(wizard.control->UseMailbox(&mailbox), TARNEL_OK);
   EXPECT_EQ(wizard.setUp("show\n"), TARNEL_OK) << "told in the wizard";
@@ -204,6 +207,11 @@ TEST_F(Component, windowWithoutAScreenIsAFailureAlsoBehindPictures) {
   EXPECT_EQ(wizard.control->UseWindow(), TARNEL_OK);
   EXPECT_EQ(wizard.setUp(), TARNEL_FAILURE(53));
   EXPECT_NE(wizard.firstFailure().find("no screen answers"), std::string::npos) << wizard.firstFailure();
+  setenv("QT_QPA_PLATFORM", "nonsense", 1);
+  EXPECT_EQ(wizard.setUp(), TARNEL_FAILURE(53));
+  EXPECT_NE(wizard.firstFailure().find("QT_QPA_PLATFORM=\"nonsense\""), std::string::npos) << wizard.firstFailure();
+  EXPECT_STREQ(std::getenv("QT_QPA_PLATFORM"), "nonsense");
+  unsetenv("QT_QPA_PLATFORM");
 }
 #endif
 

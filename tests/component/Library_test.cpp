@@ -61,8 +61,14 @@ TEST_F(Component, wrongIdsAndNullPointersAreAnsweredAndCountNothing) {
     const Wizard wizard(library, user);
     EXPECT_EQ(wizard.wizard->QueryInterface(&CLSID_clsTarnelOutWizard, &object), TARNEL_NO_INTERFACE);
     EXPECT_EQ(wizard.wizard->QueryInterface(nullptr, &object), TARNEL_NULL_POINTER);
-    EXPECT_EQ(wizard.point->QueryInterface(&IID__clsTarnelOutWizard, &object), TARNEL_NO_INTERFACE);
-    EXPECT_EQ(object, nullptr);
+    for (const auto& [id, result] : {std::pair{&IID__clsTarnelOutWizard, TARNEL_NO_INTERFACE},
+                                     {static_cast<const TarnelGuid*>(nullptr), TARNEL_NULL_POINTER}}) {
+      object = &object;
+      EXPECT_EQ(wizard.point->QueryInterface(id, &object), result);
+      EXPECT_EQ(object, nullptr);
+    }
+    EXPECT_EQ(wizard.point->QueryInterface(&IID_TarnelObject, &object), TARNEL_OK);
+    static_cast<TarnelObject*>(object)->Release();
   }
   EXPECT_EQ(library.canUnloadNow(), TARNEL_OK);
 }

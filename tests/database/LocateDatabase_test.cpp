@@ -36,7 +36,7 @@ struct LocateDatabaseTest : testing::Test {
   const std::string defaultDatabase = inFolder("TarnelData.mdb").string();
 };
 
-TEST_F(LocateDatabaseTest, takesTheDatabaseThatTheSettingsNameOrTellsAndFallsBackToTheDefault) {
+TEST_F(LocateDatabaseTest, takesTheNamedDatabaseOrTellsAndFallsBackToTheDefault) {
   const std::string elsewhere = platform.applicationFolder.write("my tasks.db", "any").string();
   const std::string gone = "/nowhere/gone.mdb";
   struct Case {
@@ -58,13 +58,24 @@ TEST_F(LocateDatabaseTest, takesTheDatabaseThatTheSettingsNameOrTellsAndFallsBac
   EXPECT_EQ(platform.desktop.messages.at(0).icon, MessageIcon::critical);
 }
 
+TEST_F(LocateDatabaseTest, lineEndsOfEitherKindAreReadAndKept) {
+  const std::string elsewhere = platform.applicationFolder.write("my tasks.db", "any").string();
+  for (const std::string& text : {"<Tarnel>\n<DBLoc>\n" + elsewhere + "\n</DBLoc>\n</Tarnel>\n",
+                                  "<DBLoc>\n" + elsewhere + "\r\n</DBLoc>", "<DBLoc>\r\n" + elsewhere + "\n</DBLoc>"}) {
+    platform.applicationFolder.write("TarnelSettings.txt", text);
+    EXPECT_TRUE(LocateDatabase()) << text;
+    EXPECT_EQ(session().theszConnect, connect(elsewhere));
+    EXPECT_EQ(settings(), text);
+  }
+}
+
 TEST_F(LocateDatabaseTest, aSettingsFileWithoutItsTagsIsToldAndLeftAlone) {
   const std::string told =
       "The Tarnel settings file, \"TarnelSettings.txt\", could not be found in (\"" +
       platform.applicationFolder.path().string() +
       "\" ).\r\nWithout this file, Tarnel cannot determine where its database resides. Please find "
       "this file and put it back!";
-  for (const char* text : {"", "<DBLoc>", "</DBLoc>\r\n<DBLoc>\r\n", "<DBLoc></DBLoc>"}) {
+  for (const char* text : {"", "<DBLoc>", "</DBLoc>\r\n<DBLoc>\r\n", "<DBLoc></DBLoc>", "<DBLoc>\n</DBLoc>"}) {
     platform.desktop.messages.clear();
     platform.applicationFolder.write("TarnelSettings.txt", text);
     EXPECT_FALSE(LocateDatabase()) << text;

@@ -178,7 +178,7 @@ TEST_F(RecordClassesTest, customOrdersAreNumberedByTheStatementsOrder) {
   EXPECT_EQ(reports(), "");
 }
 
-TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatementAndAppointmentsKeepBoth) {
+TEST_F(RecordClassesTest, tasksOpenTheDataMemberEachTimeAnyStatementOnce) {
   clsTaskList tasks;
   tasks.SetSQL("SELECT * FROM TASKS");
   tasks.Class_GetDataMember("Other", rst);
@@ -191,10 +191,14 @@ TEST_F(RecordClassesTest, theDataMemberIsOpenedAnewForTasksAndOnceForAnyStatemen
 
   clsUtilCMD util;
   util.SetSQL("SELECT * FROM TASKS");
+  rst.reset();
+  util.Class_GetDataMember("Other", rst);
+  EXPECT_EQ(rst, nullptr);
   util.Class_GetDataMember("Recordset", rst);
-  const RecordsetPtr kept = rst;
+  const RecordsetPtr kept = std::exchange(rst, nullptr);
   util.Class_GetDataMember("Recordset", rst);
   EXPECT_EQ(rst, kept);
+  EXPECT_EQ(rst->RecordCount(), 2);
 
   clsTaskAppts appointments;
   appointments.SetSQL("SELECT * FROM TaskAPPTS");

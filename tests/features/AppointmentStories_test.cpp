@@ -132,6 +132,7 @@ TEST_F(AppointmentStories, deleteAsksByKindAndLeavesSeriesAlone) {
     EXPECT_EQ(toldOnTab("answer no\nanswer yes\n" + (deletion.marks + press) + press),
               asked + "no\n" + asked + "yes\nreturned\n");
     EXPECT_EQ(calendar() + links(), deletion.items + deletion.links) << deletion.question;
+    EXPECT_NE(shown("1", "2026-11-19").find("555-570 Stand-up\n"), std::string::npos) << deletion.question;
     change("DELETE FROM TASKAPPTS");
     std::filesystem::remove(run.home / mailboxFile);
   }

@@ -7,7 +7,7 @@ struct Closing : Story {
   std::string saved() { return setting("meWidth") + setting("OutTaskSetting"); }
 };
 
-TEST_F(Closing, eachWayOutHasItsEventsInTheirOrderAndItsOwnWayWithTheSettings) {
+TEST_F(Closing, eachWayOutHasItsEventsAndItsOwnWayWithTheSettings) {
   const std::string unchanged = "8400\n2\n";
   const std::string edited = "tab 2\nclick smtSettings TASK4\n";
   const std::string modes = "event: UpdateOutlookSettings newAppt=2 newProfile=\"\" newTask=";

@@ -54,17 +54,20 @@ TEST_F(IntegrationStories, eachChangeOfTheTasksModeIsToldStoredAndMakesOrEndsThe
   }
 }
 
-TEST_F(IntegrationStories, turningTasksOnImportsIntoTheOutlookProjectAndTurningThemOffMovesThem) {
+TEST_F(IntegrationStories, tasksTurnedOnAreImportedAndTurnedOffMoveToTheHeir) {
   change("UPDATE PROJECTS SET prjProject = 'Bob''s tasks'");
   change("DELETE FROM Settings WHERE SetSettingName = 'OutlookProject'");
   addTask("A", "Current one");
   addItem("From outside");
   addItem("Linked", "GONE");
+  addTask("L", "Ours", {{"tskCurrent", "0"}, {"tskOutEntityID", "'L'"}});
+  addItem("Theirs", "L");
   for (int i = 0; i < 2; ++i) {  // the second time the project is there
     inForce(0);
     told(update(3));
     EXPECT_EQ(imported(), "From outside|Outlook Tasks\n");
-    EXPECT_EQ(items().size(), 3U) << "the Current list went the other way";
+    EXPECT_EQ(items().size(), 4U) << "the Current list went the other way";
+    EXPECT_EQ(rows("SELECT tskDesc FROM TASKS WHERE tskGUIDID = 'L'"), "Ours\n") << "only new tasks come in";
     EXPECT_EQ(projects(), "Bob's tasks\nOutlook Tasks\n");
   }
   told(update(0));
@@ -98,7 +101,7 @@ TEST_F(IntegrationStories, aFailedConnectionLeavesTheIntegrationOff) {
   EXPECT_EQ(setting("OutTaskSetting"), "0\n");
 }
 
-TEST_F(IntegrationStories, aTransitionThatFailsIsReportedBeforeTheHostHearsOfItAndSavesNothing) {
+TEST_F(IntegrationStories, failedTransitionIsReportedAndSavesNothing) {
   set("OutlookProject", "P1");
   change("DELETE FROM PROJECTS");
   change("INSERT INTO PROJECTS VALUES ('P1', 'Outlook Tasks')");  // there is no other that its tasks could go to
@@ -125,6 +128,65 @@ TEST_F(IntegrationStories, aChosenProfileIsTheMailboxOfTheNextRun) {
   told("tab 2\nchoose smtSettings PRO1 Work\nclick smtActions UPDATE\n");
   EXPECT_EQ(rows("SELECT SetSettingValue FROM Settings WHERE SetSettingSection = 'OutlookProfileString'"), "Work\n");
   EXPECT_EQ(listed("1"), "");
+}
+
+TEST_F(IntegrationStories, modeFourCopiesAtTheChangeAndAtEachLaterStart) {
+  const auto addAppt = [this](const std::string& key, const std::string& day) {
+    change("INSERT INTO TASKAPPTS (taGUIDID, taTaskGUIDID, taTaskDesc, taStartTime, taEndTime) VALUES ('" + key +
+           "', 'A', 'Appt " + key + "', '" + day + " 00:00:00', '" + day + " 01:00:00')");
+  };
+  inForce(2);
+  set("OutlookProject", "P1");
+  set("OutApptSetting", "2");
+  addTask("A", "First");
+  addTask("X", "Not current", {{"tskCurrent", "0"}});
+  addAppt("P", "2020-01-05");
+  addAppt("F", "2090-01-05");
+  EXPECT_EQ(mailbox(), "");
+  const std::string atTheChange = told("tab 2\n" + click("TASK4") + click("APPT4") + "click smtActions UPDATE\n");
+  EXPECT_NE(atTheChange.find("says: Outlook Tasks created: 1."), std::string::npos) << atTheChange;
+  const std::string copied = "Tasks|First|0|A\nCalendar|Appt F|null|F\n";
+  EXPECT_EQ(mailbox(), copied);
+  addTask("B", "Second");
+  addAppt("G", "2090-01-06");
+  for (int start = 0; start < 2; ++start) {
+    EXPECT_EQ(told(""), "returned\n") << "a start that was not asked to copy tells no counts";
+    EXPECT_EQ(mailbox(), copied + "Tasks|Second|0|B\nCalendar|Appt G|null|G\n");
+  }
+  addItem("Done there", "C", "STATUS:COMPLETED\r\n");
+  addTask("C", "Done there", {{"tskOUTEntityID", "'C'"}});
+  inForce(2);
+  addTask("D", "Third");
+  told("");
+  EXPECT_EQ(items().size(), 5U) << "another mode copies nothing";
+  inForce(3);
+  told("");
+  EXPECT_EQ(mailbox(), copied + "Tasks|Second|0|B\nCalendar|Appt G|null|G\nTasks|Done there|2|C\nTasks|Third|0|D\n");
+  change("UPDATE TASKAPPTS SET taTaskDesc = Null WHERE taGUIDID = 'G'");
+  EXPECT_EQ(told("tab 2\n"), "reports: DisplayTaskAppts 94\nfailed\n") << "nobody is kept out of the wizard";
+  change("DELETE FROM TASKAPPTS");
+  for (const json& item : items()) run("mailbox delete " + std::string(item["entryId"]));
+  for (const json& item : items()) run("mailbox delete " + std::string(item["entryId"]));
+  EXPECT_EQ(told(""), "returned\n") << "links can't be looked up in an empty folder";
+}
+
+TEST_F(IntegrationStories, aProfileIsKeptInTheOneRowThatIsForIt) {
+  run("profile add Work work.mailbox");
+  const std::string choose = "tab 2\nchoose smtSettings PRO1 Work\nclick smtActions UPDATE\n";
+  const std::string kept =
+      "SELECT SetSettingName, SetSettingValue FROM Settings WHERE SetSettingSection = 'OutlookProfileString' ORDER BY "
+      "1";
+  change("DELETE FROM Settings WHERE SetSettingSection = 'OutlookProfileString'");
+  told(update(1));
+  EXPECT_EQ(rows(kept), "") << "none was chosen";
+  EXPECT_EQ(told(choose).find("says: "), std::string::npos);
+  EXPECT_EQ(rows(kept), "OutlookProfile|Work\n");
+  change("UPDATE Settings SET SetSettingValue = 'Mine' WHERE SetSettingName = 'OutlookProfile'");
+  change(
+      "INSERT INTO Settings (SetUser, SetSettingSection, SetSettingName, SetSettingValue) VALUES ('1', "
+      "'OutlookProfileString', 'Second', 'Yours')");
+  EXPECT_NE(told(choose).find("says: The profile can't be kept: the settings hold 2 rows"), std::string::npos);
+  EXPECT_EQ(rows(kept), "OutlookProfile|Mine\nSecond|Yours\n");
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "Story.h"
 
 namespace tarnel::test {
@@ -37,43 +35,6 @@ TEST_F(OddMailbox, notesOfFiveMegabytesComeWhole) {
   addItem("Long", {}, folded + "end\r\n");
   EXPECT_EQ(told(onAll("1", "UPDATE")).substr(0, 23), "says: Tasks created: 1.");
   EXPECT_EQ(rows("SELECT LENGTH(tskNotes) FROM TASKS"), "5000003\n");
-}
-
-TEST_F(OddMailbox, datesAtTheEdgesAreTakenOrLeftAsTheyMust) {
-  struct Edge {
-    const char* due;
-    const char* deadline;  // behind an import of a linked task that had 2026-12-01
-  };
-  const Edge edges[] = {{"25001231", "2500-12-31"}, {"25010101", "2026-12-01"}};
-  for (const Edge& edge : edges) {
-    const std::string key = edge.due;
-    addTask(key, "Edge", {{"tskOutEntityID", "'" + key + "'"}, {"tskDeadline", "'2026-12-01 00:00:00'"}});
-    addItem("Edge", key, "DUE;VALUE=DATE:" + key + "\r\n");
-  }
-  EXPECT_EQ(told(onAll("1", "UPDATE")), "says: Tasks created: 0. Tasks in Tarnel updated: 2.\nreturned\n");
-  for (const Edge& edge : edges)
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM TASKS WHERE tskGUIDID = '" + std::string(edge.due) + "' AND tskDeadline = '" +
-                   edge.deadline + " 00:00:00'"),
-              "1\n")
-        << edge.due;
-}
-
-TEST_F(OddMailbox, deadlinesAtTheEdgesGoToOutlookOrStayBehind) {
-  // Day number 1 and below count as no deadline, and Outlook refuses the year 9999, which is passed over.
-  const std::pair<const char*, const char*> edges[] = {
-      {"1899-12-30", ""}, {"1899-12-31", ""}, {"2501-01-01", "2501-01-01"}, {"9999-12-31", ""}};
-  for (const auto& [deadline, due] : edges)
-    addTask(deadline, deadline, {{"tskDeadline", "'" + std::string(deadline) + " 00:00:00'"}});
-  EXPECT_EQ(told(onAll("0", "UPDATE")).substr(0, 31), "says: Outlook Tasks created: 4.");
-  const auto all = items();
-  for (std::size_t i = 0; i < std::size(edges); ++i) {
-    const char* const deadline = edges[i].first;
-    const char* const due = edges[i].second;
-    const auto item =
-        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each["subject"] == deadline; });
-    ASSERT_NE(item, all.end()) << deadline;
-    EXPECT_EQ((*item)["dueDate"], *due ? nlohmann::json(std::string(due) + " 00:00:00") : nlohmann::json()) << deadline;
-  }
 }
 
 TEST_F(OddMailbox, readOnlyInTheMiddleKeepsWhatWasWrittenAndHealsAtTheNextRun) {

@@ -38,8 +38,6 @@ inline std::string integrityOf(const std::filesystem::path& file) {
 // A user with an empty task database and an empty mailbox, who works with the built program alone. What is told of a
 // run and of both stores is compared as text.
 struct Story : testing::Test {
-  using Columns = std::map<std::string, std::string>;
-
   Story() {
     EXPECT_EQ(run("new tasks.db").exitCode, 0);
     import("");
@@ -111,16 +109,8 @@ struct Story : testing::Test {
     }
     return {marks.size(), linked.size()};
   }
-  // A current open task; the columns' values are written as in SQL.
   void addTask(const std::string& key, const std::string& description, const Columns& columns = {}) {
-    Columns all = columns;
-    all.insert({{"tskGUIDID", "'" + key + "'"}, {"tskDesc", "'" + description + "'"}, {"tskCurrent", "1"}});
-    std::string names, values;
-    for (const auto& [name, value] : all) {
-      names += (names.empty() ? "" : ", ") + name;
-      values += (values.empty() ? "" : ", ") + value;
-    }
-    change("INSERT INTO TASKS (" + names + ") VALUES (" + values + ")");
+    change(insertTask(key, description, columns));
   }
 
   // A task of Outlook's own, linked when it has the property; the further lines are iCalendar's.

@@ -51,7 +51,11 @@ TEST(HelpPrintSettings, keysBehindAFaultyOneStayAsTheyWere) {
   };
   for (const auto& fault : faults) {
     HelpPrintSettings settings{9, 9, 9, 9, 9, "F", 9, "L", "R"};
-    EXPECT_EQ(failureOf([&] { settings.read(bag(fault.key, fault.value)); }), fault.number) << fault.key;
+    const auto failure = thrownBy([&] { settings.read(bag(fault.key, fault.value)); });
+    ASSERT_TRUE(failure) << fault.key;
+    EXPECT_EQ(failure->number(), fault.number) << fault.key;
+    EXPECT_TRUE(contains(failure->description(),
+                         std::string("the print setting ") + fault.key + " is \"" + fault.value + "\""));
     EXPECT_EQ(described(settings), fault.left) << fault.key;
   }
 }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <map>
 
@@ -70,6 +71,57 @@ TEST_F(Program, newNeverTouchesADatabaseOrAMailboxThatIsThere) {
   }
 }
 
+TEST_F(Program, aReportNamesTheVersionAndTheFilesInUse) {
+  run.home.write("text", "no database");
+  run("drive --database text --mailbox my.mailbox");
+  const std::string told = contentsOf(run.home / "tarnel/errors.txt"), home = run.home.path().string();
+  for (const std::string& fact : std::initializer_list<std::string>{"version:   1.14", "database:  " + home + "/text",
+                                                                    "mailbox:   " + home + "/my.mailbox",
+                                                                    "report in: " + home + "/tarnel/errors.txt"})
+    EXPECT_NE(told.find("  " + fact), std::string::npos) << told;
+}
+
+TEST_F(Program, whatItMakesIsItsOwnersAlone) {
+  run.home.write("a.ics", "BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\nUID:1\r\nSUMMARY:x\r\nEND:VTODO\r\nEND:VCALENDAR\r\n");
+  run.home.write("text", "no database");
+  for (const char* command : {"new a.db --mailbox a.mailbox", "new demo.db --demo --mailbox demo.mailbox",
+                              "profile add P p.mailbox", "mailbox import a.ics --mailbox b.mailbox",
+                              "mailbox export out.ics --mailbox b.mailbox", "drive --database text"})
+    run(command);
+  for (const char* file : {"a.db", "a.mailbox", "demo.db", "demo.mailbox", "p.mailbox", "b.mailbox", "out.ics",
+                           "tarnel/registry", "tarnel/registry.lock", "tarnel/errors.txt"})
+    EXPECT_EQ(std::filesystem::status(run.home / file).permissions(), static_cast<std::filesystem::perms>(0600))
+        << file;
+}
+
+// What a killed program leaves beside a file that is removed then would be taken for the new file's own.
+TEST_F(Program, aStoreIsNotMadeBesideTheLogOfARemovedOne) {
+  const std::string calendar = "BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\nUID:1\r\nSUMMARY:x\r\nEND:VTODO\r\nEND:VCALENDAR\r\n";
+  run.home.write("a.ics", calendar);
+  const std::pair<std::string, std::string> made[] = {{"new a.db --mailbox a.mailbox", "a.db"},
+                                                      {"new b.db --mailbox b.mailbox", "b.mailbox"},
+                                                      {"new c.db --demo --mailbox c.mailbox", "c.db"},
+                                                      {"mailbox import a.ics --mailbox d.mailbox", "d.mailbox"},
+                                                      {"drive", "tarnel/TarnelData.db"},
+                                                      {"drive", "tarnel/Outlook.mailbox"}};
+  for (const auto& [command, file] : made) {
+    std::filesystem::create_directories((run.home / file).parent_path());
+    std::filesystem::remove(run.home / file);
+    for (const std::string ending : {"-wal", "-journal"}) {
+      run.home.write(file + ending, "changes");
+      const ProgramResult result = run(command);
+      EXPECT_EQ(result.exitCode, 1) << command;
+      EXPECT_NE(result.errors.find(file + ending + "\" holds the last changes"), std::string::npos) << result.errors;
+      EXPECT_FALSE(std::filesystem::exists(run.home / file)) << command;
+      EXPECT_EQ(contentsOf(run.home / (file + ending)), "changes");
+      run.home.write(file + ending, "");
+    }
+    run.home.write(file + "-shm", "an index of what is no longer there");
+    EXPECT_EQ(run(command).exitCode, 0) << command;
+    EXPECT_NE(contentsOf(run.home / (file + "-shm")), "an index of what is no longer there") << command;
+  }
+}
+
 TEST_F(Program, wizardMakesTheUsersOwnDatabaseWithItsFirstUse) {
   const std::string noScreen = "unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; ";
   EXPECT_NE(std::system((noScreen + run.shellCommand("wizard 2>errors")).c_str()), 0);
@@ -84,8 +136,9 @@ TEST_F(Program, lostOutputIsAFailure) {
 }
 
 TEST_F(Program, wrongUsageIsCodeTwoAndHelpIsNone) {
-  for (const char* arguments : {"", "fly", "new a b", "drive --date 2026-02-30", "drive --date 1902-09-26",
-                                "drive --interval 7", "drive --hours night", "pictures", "wizard --colour red"}) {
+  for (const char* arguments :
+       {"", "fly", "new a b", "drive --date 2026-02-30", "drive --date 1902-09-26", "drive --date 9999-12-31",
+        "drive --interval 7", "drive --hours night", "pictures", "wizard --colour red"}) {
     const ProgramResult result = run(arguments);
     EXPECT_EQ(result.exitCode, 2) << arguments;
     EXPECT_FALSE(result.errors.empty()) << arguments;
@@ -97,12 +150,64 @@ TEST_F(Program, wrongUsageIsCodeTwoAndHelpIsNone) {
   }
 }
 
+TEST_F(Program, anEmptyNameIsNoOtherNameOfTheUsersOwnFile) {
+  for (const char* command :
+       {"mailbox --mailbox '' list", "mailbox list --mailbox ''", "drive --mailbox ''", "drive --database ''", "new ''",
+        "new a.db --mailbox ''", "profile add P ''", "mailbox import ''", "mailbox export ''", "pictures ''"}) {
+    const ProgramResult result = run(command);
+    EXPECT_EQ(result.exitCode, 2) << command;
+    EXPECT_NE(result.errors.find("A file needs a name"), std::string::npos) << result.errors;
+  }
+}
+
+TEST_F(Program, whatIsNoMailboxIsNotTakenForOne) {
+  std::filesystem::create_directory(run.home / "folder");
+  mkfifo((run.home / "pipe").c_str(), 0600);
+  run.home.write("text", "Dear diary");
+  for (const std::string there : {"folder", "pipe", "text"})
+    for (const std::string command : {"profile add P ", "new a.db --mailbox ", "mailbox list --mailbox "}) {
+      const ProgramResult result = run(command + there);
+      EXPECT_EQ(result.exitCode, 1) << command << there;
+      EXPECT_NE(result.errors.find(there + "\" can't be used: "), std::string::npos) << result.errors;
+    }
+  EXPECT_EQ(run("profile list").output, "");
+  EXPECT_FALSE(std::filesystem::exists(run.home / "a.db"));
+}
+
+TEST_F(Program, textsFromFilesCantControlATerminal) {
+  const std::string calendar =
+      "BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\nUID:1\r\nSUMMARY:r\x1B[31me\xC2\x9B"
+      "d\x7F \xC3\xA9\\nnext\r\nEND:VTODO\r\n"
+      "BEGIN:V\x1B[31mX\r\nEND:V\x1B[31mX\r\nEND:VCALENDAR\r\n";
+  run.home.write("a.ics", calendar);
+  const ProgramResult imported = run("mailbox import a.ics --mailbox a.mailbox");
+  const ProgramResult listed = run("mailbox list --mailbox a.mailbox");
+  const ProgramResult missing = run("mailbox list --mailbox \"$(printf 'x\\033[31m')\"");
+  EXPECT_NE(listed.output.find("  r?[31me?d? \xC3\xA9 next  "), std::string::npos) << listed.output;
+  EXPECT_EQ(missing.exitCode, 1);
+  EXPECT_EQ((imported.errors + listed.output + missing.errors).find('\x1B'), std::string::npos);
+}
+
+TEST_F(Program, theLastDayIsShownAndTheOneAfterItIsRefused) {
+  run("new tasks.db");
+  const auto facts = drive("date 9999-12-31\nshow\n", "--date 9999-12-30 --appointments").facts();
+  EXPECT_EQ(facts.at(0)["error"], "The last day is 9999-12-30, not 9999-12-31");
+  EXPECT_EQ(facts.at(1)["date"], "9999-12-30");
+  EXPECT_EQ(facts.back(), R"({"returned":true})"_json);
+}
+
 TEST_F(Program, optionsReachTheWizard) {
   run("new \"it's \\\"my\\\"; tasks.db\"");
   const ProgramResult result =
-      run("drive --database \"it's \\\"my\\\"; tasks.db\" --date 2026-11-19 --appointments", "show\n");
+      run("drive --database \"it's \\\"my\\\"; tasks.db\" --date 2026-11-19 --appointments --hours day --interval 20",
+          "show\nlist smtTimebarSizer\n");
   EXPECT_EQ(result.exitCode, 0) << result.errors;
   EXPECT_EQ(valuesOf(result.reply("show"), {"date", "tab", "panel"}), "2026-11-19|1|0|");
+  std::string chosen;
+  const auto list = result.reply("list");
+  for (const auto& item : list["items"])
+    if (item["checked"]) chosen += item["key"].get<std::string>() + " ";
+  EXPECT_EQ(chosen, "DAY M20 ");
 }
 
 }  // namespace

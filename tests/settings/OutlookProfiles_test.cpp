@@ -51,7 +51,7 @@ TEST_F(OutlookProfilesTest, aChosenOneCountsAtOnceLocksAndIsNotTakenBack) {
   EXPECT_EQ(profiles_.mailboxOfChosen(session().theOutlookProfile), "/mail/R&D \"2/3\".mailbox");
 }
 
-TEST_F(OutlookProfilesTest, withoutTheKeyOutlooksDefaultIsShownInPlaceOfAProfileThatHasGone) {
+TEST_F(OutlookProfilesTest, withoutTheKeyOutlooksDefaultReplacesALostProfile) {
   const std::string outlooksDefault = "NONE=Outlook Default; Outlook Default";
   session().theOutlookProfile.clear();
   tab_.SetupForProfiles();

@@ -1,10 +1,9 @@
-#include "SaveSettings.h"
+#include "StoredSettings.h"
 
 #include <gtest/gtest.h>
 
 #include "Failure.h"
 #include "TaskDatabase.h"
-#include "TaskDatabaseScript.h"
 #include "TestPlatform.h"
 
 namespace tarnel::test {
@@ -29,7 +28,7 @@ struct SaveSettingsTest : testing::Test {
                               "' ORDER BY setSettingDisplayOrd");
   }
 
-  TaskDatabase database_{host::taskDatabaseScript()};
+  TaskDatabase database_;
   TestPlatform platform_;
   FormState state_;
 };

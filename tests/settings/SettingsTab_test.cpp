@@ -43,6 +43,7 @@ TEST_F(SettingsTabTest, whoLeavesAnIntegrationIsAskedWhichOtherProjectTakesItsTa
   const auto question = [this] {
     std::string text;
     if (!has("OUT2PROJECT")) return std::string("none");
+    EXPECT_EQ(item("OUT2PROJECT").Type(), item("PRO1").Type()) << "a drop-down";
     for (const SmartItem& entry : item("OUT2PROJECT").SubItems()) text += entry.Key() + "=" + entry.Caption() + " ";
     return text;
   };

@@ -72,7 +72,7 @@ class Faults {
   std::string where_;
 };
 
-// One for all: calls are also caught at link time, where no object can be handed in.
+// One for all seams.
 inline Faults& faults() {
   static Faults faults;
   return faults;

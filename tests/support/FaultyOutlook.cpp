@@ -69,6 +69,8 @@ struct FaultyItem : Faulty<Kind> {
   WRITE(setSubject, std::string_view)
   WRITE(setImportance, Importance)
   GIVE(outlook::UserProperties, inFrontOf<FaultyProperties>, UserProperties, (), ())
+  // Redemption's objects alone ask for it.
+  mapi::Message& MAPIOBJECT() override { return real()->MAPIOBJECT(); }
   CALL(void, Save, (), ())
   CALL(void, Delete, (), ())
 };
@@ -115,6 +117,7 @@ struct FaultyItems : Faulty<Items> {
   WRITE(setIncludeRecurrences, bool)
   GIVE(outlook::Item, faultyItem, GetFirst, (), ())
   GIVE(outlook::Item, faultyItem, GetNext, (), ())
+  mapi::Contents& MAPIOBJECT() override { return real()->MAPIOBJECT(); }
 };
 
 struct FaultyFolder : Faulty<Folder> {
@@ -138,30 +141,21 @@ struct FaultyApplication : Faulty<Application> {
   GIVE(Item, faultyItem, CreateItem, (ItemType type), (type))
 };
 
-// The real wrapper works on the real item, and the wizard gets its own one back.
-template <class Kind, class StandIn, class Interface = SafeItem<Kind>>
-class FaultySafeItem : public Faulty<Interface, std::unique_ptr<Interface>> {
- public:
+// The real wrapper works on the wizard's own stand-in, so that the item's calls are counted beneath the wrapper's.
+template <class Kind, class Interface = SafeItem<Kind>>
+struct FaultySafeItem : Faulty<Interface, std::unique_ptr<Interface>> {
   using Faulty<Interface, std::unique_ptr<Interface>>::Faulty;
   using Faulty<Interface, std::unique_ptr<Interface>>::real;
-  void setItem(std::shared_ptr<Kind> item) override {
-    call("outlook.setItem", [&] { real()->setItem(item ? dynamic_cast<StandIn&>(*item).real() : nullptr); });
-    item_ = std::move(item);
-  }
-  std::shared_ptr<Kind> Item() const override {
-    return call("outlook.SafeItem.Item", [&] { return item_; });
-  }
+  WRITE(setItem, std::shared_ptr<Kind>)
+  CALL_AS("SafeItem.Item", std::shared_ptr<Kind>, Item, () const, ())
   CALL_AS("SafeItem.body", std::string, body, (), ())
-  GIVE_AS("SafeItem.UserProperties", outlook::UserProperties, inFrontOf<FaultyProperties>, UserProperties, (), ())
+  CALL_AS("SafeItem.UserProperties", std::shared_ptr<outlook::UserProperties>, UserProperties, (), ())
   CALL(std::int32_t, GetIDsFromNames, (std::string_view set, std::string_view name), (set, name))
-
- private:
-  std::shared_ptr<Kind> item_;
 };
 
-using FaultySafeTask = FaultySafeItem<TaskItem, FaultyTask>;
+using FaultySafeTask = FaultySafeItem<TaskItem>;
 
-struct FaultySafeAppointment : FaultySafeItem<AppointmentItem, FaultyAppointment, SafeAppointmentItem> {
+struct FaultySafeAppointment : FaultySafeItem<AppointmentItem, SafeAppointmentItem> {
   using FaultySafeItem::FaultySafeItem;
   WRITE(setStart, Date)
   WRITE(setEnd, Date)
@@ -191,7 +185,7 @@ class FaultyTable : public Faulty<MAPITable, std::unique_ptr<MAPITable>>, privat
  public:
   using Faulty::Faulty;
   void setItem(std::shared_ptr<Items> items) override {
-    call("outlook.MAPITable.setItem", [&] { real()->setItem(dynamic_cast<FaultyItems&>(*items).real()); });
+    call("outlook.MAPITable.setItem", [&] { real()->setItem(std::move(items)); });
   }
   WRITE(setColumns, std::vector<std::int32_t>)
   CALL(std::vector<Variant>, GetRow, (), ())

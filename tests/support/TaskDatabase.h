@@ -1,10 +1,12 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "Conversions.h"
 #include "Recordset.h"
 #include "SqliteProvider.h"
+#include "TaskDatabaseScript.h"
 #include "TempFolder.h"
 #include "createDatabase.h"
 
@@ -24,17 +26,29 @@ inline std::string describe(ado::Session& session, const std::string& select) {
   return text;
 }
 
-// A small task database on disk: the tables and columns that the wizard uses, the rows that the test adds.
+// Values as in SQL by their columns.
+using Columns = std::map<std::string, std::string>;
+
+// The statement that adds an open task, current unless the columns say otherwise.
+inline std::string insertTask(const std::string& key, const std::string& desc, Columns columns) {
+  columns.insert({{"tskGUIDID", "'" + key + "'"}, {"tskDesc", "'" + desc + "'"}, {"tskCurrent", "1"}});
+  std::string names, values;
+  for (const auto& [name, value] : columns) {
+    names += (names.empty() ? "" : ", ") + name;
+    values += (values.empty() ? "" : ", ") + value;
+  }
+  return "INSERT INTO TASKS (" + names + ") VALUES (" + values + ")";
+}
+
+// The program's own task database on disk, without a task.
 class TaskDatabase {
  public:
-  // The script is the engine's own SQL.
-  explicit TaskDatabase(const std::string& script = schema) { sqlite::createDatabase(path, script); }
+  TaskDatabase() { sqlite::createDatabase(path, host::taskDatabaseScript()); }
 
   // Jet's SQL, through a session of its own.
   void run(const std::string& statement) { open()->execute(statement); }
-  // "GUID" with all numbers 0, in progress, current.
-  void addTask(const std::string& key, const std::string& desc = "Task") {
-    run("INSERT INTO TASKS (tskGUIDID, tskDesc) VALUES ('" + key + "', '" + desc + "')");
+  void addTask(const std::string& key, const std::string& desc = "Task", const Columns& columns = {}) {
+    run(insertTask(key, desc, columns));
   }
   std::string describe(const std::string& select) { return test::describe(*open(), select); }
 
@@ -44,27 +58,6 @@ class TaskDatabase {
   TempFolder folder;
   std::filesystem::path path = folder / "TarnelData.mdb";
   sqlite::SqliteProvider provider;
-
- private:
-  // The link mark's collation is left out on purpose: texts compare without regard to case all the same.
-  static constexpr const char* schema = R"sql(
-CREATE TABLE TASKS (
-  tskGUIDID TEXT COLLATE NOCASE PRIMARY KEY, tskDesc TEXT, tskNotes TEXT, tskHasNotes BOOLEAN DEFAULT 0,
-  tskStatus SMALLINT DEFAULT 1, tskDoneDate DATETIME, tskDeadline DATETIME, tskProject TEXT, tskProjectKey TEXT,
-  tskCurrent BOOLEAN DEFAULT 1, tskImp SMALLINT DEFAULT 0, tskDifficulty SMALLINT DEFAULT 0,
-  tskTimeNeeded INTEGER DEFAULT 0, tskTimeSpent INTEGER DEFAULT 0, tskTimeScheduled INTEGER DEFAULT 0,
-  tskPossPoints INTEGER DEFAULT 0, tskHasChecklist BOOLEAN DEFAULT 0, tskHasSchedule BOOLEAN DEFAULT 0,
-  tskOUTEntityID TEXT, tskCreatedDate DATETIME, tskLastMod DATETIME, tskCustSortTarnel INTEGER DEFAULT 0,
-  tskCustSortCur INTEGER DEFAULT 0, tskCustSortProj INTEGER DEFAULT 0);
-CREATE TABLE TASKAPPTS (
-  taGUIDID TEXT COLLATE NOCASE PRIMARY KEY, taTaskGUIDID TEXT COLLATE NOCASE, taTaskDesc TEXT,
-  taStartTime DATETIME, taEndTime DATETIME, taOutlookEntryID TEXT);
-CREATE TABLE TASKKEYWORDS (ktTASKGUID TEXT COLLATE NOCASE, ktKeyword TEXT);
-CREATE TABLE PROJECTS (prjGUIDID TEXT COLLATE NOCASE PRIMARY KEY, prjProject TEXT);
-CREATE TABLE Settings (
-  SetUser TEXT, SetSettingSection TEXT, SetSettingName TEXT, SetSettingValue TEXT, SetDefault,
-  setSettingDisplayOrd INTEGER, setSettingComment TEXT);
-)sql";
 };
 
 // Opens the statement batch-optimistic.

@@ -210,8 +210,10 @@ TARNEL_INTERFACE(_clsTarnelOutWizard)
    * Opens the wizard and returns when it has gone. `curDoingAppts`: it opens on the Appointments tab. `theTimeDisplay1`
    * is "ALL" or "DAY", `theTimeDisplay2` one of "M60", "M30", "M20", "M15", "M10", "M5" and "M1". `theszConnect` names
    * the task database: "Provider=Tarnel.Database;Data Source=\"/path/to/tasks.db\";". `CurDate` is the day to show;
-   * null, or a day up to 1000, means today. TARNEL_BUSY while a wizard stands on this thread. A failure that ends the
-   * wizard is told to the user and is none of this call: see FirstFailure.
+   * null, or a day up to 1000, means today, and 9999-12-31 is refused: TARNEL_INVALID_ARGUMENT. Pass a whole number:
+   * with a time of day the Task Appointments before that time are not shown, until the user chooses a day. TARNEL_BUSY
+   * while a wizard stands on this thread. A failure that ends the wizard is told to the user and is none of this call:
+   * see FirstFailure.
    */
   TARNEL_OPERATION_WITH(_clsTarnelOutWizard, Setup, const TarnelBool* curDoingAppts, const TarnelText* theTimeDisplay1,
                         const TarnelText* theTimeDisplay2, const TarnelText* theszConnect, const TarnelDate* CurDate)
@@ -242,12 +244,21 @@ TARNEL_INTERFACE(TarnelWizardControl)
   /* For a handler that is about to fail: the number and the words to report. */
   TARNEL_OPERATION_WITH(TarnelWizardControl, ExplainFailure, int32_t number, const TarnelText* text)
   /*
-   * For handlers: puts the open tasks of the Current list into Outlook, and takes the open Outlook tasks that are linked
-   * to no task into the Outlook Tasks Project. The user is told the counts. TARNEL_FALSE when it did not come to its end,
-   * of which the user was told, too.
+   * For handlers: puts the open tasks of the Current list into Outlook, but for those that are done there, and takes
+   * the open Outlook tasks that are linked to no task into the Outlook Tasks Project. The user is told the counts.
+   * TARNEL_FALSE when it did not come to its end, of which the user was told, too.
    */
   TARNEL_OPERATION(TarnelWizardControl, CopyCurrentTasks)
   TARNEL_OPERATION(TarnelWizardControl, ImportOutlookTasks)
+  /* For handlers: shows the user a box with this text and returns when it was read. */
+  TARNEL_OPERATION_WITH(TarnelWizardControl, TellUser, const TarnelText* text)
+  /* For handlers: puts the Task Appointments from today on into Outlook's calendar. Answers as the two above. */
+  TARNEL_OPERATION(TarnelWizardControl, CopyTaskAppointments)
+  /*
+   * What the next calls of Setup do before the wizard opens, without telling counts: CopyCurrentTasks, and
+   * CopyTaskAppointments. A failure is reported, and the wizard opens all the same. Without this neither is done.
+   */
+  TARNEL_OPERATION_WITH(TarnelWizardControl, CopyAtStart, TarnelBool currentTasks, TarnelBool taskAppointments)
 TARNEL_END(TarnelWizardControl)
 
 /* clang-format on */

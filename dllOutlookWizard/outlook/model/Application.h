@@ -23,7 +23,7 @@ class NameSpace {
   virtual void Logon(const std::optional<std::string>& profile = {}, bool showDialog = false) = 0;
   // Failure before Logon, here and below.
   virtual std::shared_ptr<Folder> GetDefaultFolder(DefaultFolder folder) = 0;
-  // The item wherever it lies. Failure when the id leads nowhere or the store is another one.
+  // The item in whatever folder it is. Failure when the id leads nowhere or the store is another one.
   virtual std::shared_ptr<Item> GetItemFromID(std::string_view entryId, std::string_view storeId) = 0;
 };
 

@@ -25,12 +25,14 @@ class Items {
   // "[Start]", ascending; failure 440 for an unknown property. Without it items come in the order of their creation.
   virtual void Sort(std::string_view property) = 0;
   // True: each occurrence of a series counts as an item of its own. Asks for a sort by [Start] first and for a
-  // restriction in time behind it: series are expanded within what the restrictions leave of [Start] and [End], and a
-  // side that they leave open ends a year from today, or from the other side where that lies further off.
+  // restriction in time after it: series are expanded within what the restrictions leave of [Start] and [End], and a
+  // side that they leave open ends a year from today, or from the other side where that is further off.
   virtual void setIncludeRecurrences(bool include) = 0;
   // Walks the collection; nothing at its end.
   virtual std::shared_ptr<outlook::Item> GetFirst() = 0;
   virtual std::shared_ptr<outlook::Item> GetNext() = 0;
+  // Belongs to the collection.
+  virtual mapi::Contents& MAPIOBJECT() = 0;
 };
 
 class Folder {

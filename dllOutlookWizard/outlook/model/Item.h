@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Date.h"
+#include "Mapi.h"
 #include "Variant.h"
 
 namespace tarnel::outlook {
@@ -21,7 +22,7 @@ class UserProperty {
  public:
   virtual ~UserProperty() = default;
   virtual Variant Value() const = 0;
-  // In the store behind the item's next Save.
+  // In the store after the item's next Save.
   virtual void setValue(const Variant& value) = 0;
 };
 
@@ -35,9 +36,9 @@ class UserProperties {
 };
 
 // An item of a folder, or one that was created and not yet saved. It holds what it read of the store; writes go to the
-// item and are in the store behind Save, which leaves an item alone that holds all that already. Whatever goes to the
-// store fails when the store is out of reach (its file removed, replaced, locked or write-protected) or the item is
-// gone from it: Save and Delete, and reads of what was not read yet. Behind Delete an item can be read and no more than
+// item and are in the store once Save returns, which leaves an item alone that holds all that already. Whatever goes to
+// the store fails when the store is out of reach (its file removed, replaced, locked or write-protected) or the item is
+// gone from it: Save and Delete, and reads of what was not read yet. After Delete an item can be read and no more than
 // that.
 class Item {
  public:
@@ -51,13 +52,15 @@ class Item {
   virtual Importance importance() const = 0;
   virtual void setImportance(Importance importance) = 0;
   virtual std::shared_ptr<outlook::UserProperties> UserProperties() = 0;
-  // Name of the folder that it lies in: "Tasks", "Calendar", "Deleted Items".
+  // Name of the folder that it is in: "Tasks", "Calendar", "Deleted Items".
   virtual std::string ParentName() const = 0;
+  // Belongs to the item.
+  virtual mapi::Message& MAPIOBJECT() = 0;
 
   // One transaction: all that was set, or nothing. What was not set keeps what others wrote meanwhile.
   virtual void Save() = 0;
   // Moves the item to Deleted Items, a series with its exceptions; out of there it goes for good. An occurrence is
-  // taken out of its series and lies nowhere then. Failure for an item that was never saved.
+  // taken out of its series and is in no folder then. Failure for an item that was never saved.
   virtual void Delete() = 0;
 };
 
@@ -70,7 +73,7 @@ class TaskItem : public Item {
   virtual Date dueDate() const = 0;
   // Failure for a day before 1899-12-30 or beyond 4501-01-01; the time of day is dropped.
   virtual void setDueDate(Date date) = 0;
-  // Minutes. Failure for negative ones.
+  // Minutes, any number of 32 bits.
   virtual std::int32_t TotalWork() const = 0;
   virtual void setTotalWork(std::int32_t minutes) = 0;
   virtual std::int32_t ActualWork() const = 0;

@@ -7,18 +7,9 @@
 #include <vector>
 
 #include "Folder.h"
+#include "Mapi.h"
 
 namespace tarnel::outlook {
-
-// MAPI's own numbers.
-namespace mapi {
-inline constexpr std::int32_t entryId = 0x0FFF0102;  // PR_ENTRYID
-inline constexpr std::int32_t typeString8 = 0x1E;    // PT_STRING8, in the low 16 bits of a property tag
-inline constexpr std::int32_t relopEqual = 4;        // RELOP_EQ
-enum class RestrictionKind : std::int32_t { conjunction = 0, property = 4, exists = 8 };  // RES_AND and so on
-// PS_PUBLIC_STRINGS, the set in which Outlook keeps user properties.
-inline constexpr std::string_view publicStrings = "{00020329-0000-0000-C000-000000000046}";
-}  // namespace mapi
 
 // Reads and writes what Outlook guards, past its guard.
 template <class OutlookItem>

@@ -49,7 +49,7 @@ class PackedRows {
 
  private:
   enum class Kind : std::uint8_t { null, boolean, integer, real, date, text, bytes };
-  struct Cell {
+  struct Cell {  // NOLINT(cppcoreguidelines-pro-type-member-init): only one of the union has a value
     Kind kind = Kind::null;
     std::uint32_t length = 0;
     union {

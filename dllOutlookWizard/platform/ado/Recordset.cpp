@@ -106,7 +106,7 @@ void Recordset::setLockType(LockType type) {
 CursorType Recordset::cursorType() const { return impl_->type; }
 LockType Recordset::lockType() const { return impl_->lock; }
 
-void Recordset::Open(Provider& provider, std::string statement, std::string connectionString, CursorType type,
+void Recordset::Open(Provider& provider, std::string statement, const std::string& connectionString, CursorType type,
                      LockType lock, CommandType /*command*/) {
   impl_->mustBeClosed();
   auto session = connect(provider, connectionString);
@@ -207,6 +207,12 @@ void Recordset::Update() {
 void Recordset::UpdateBatch(Affect /*affect*/) {
   impl_->mustBeOpen();
   impl_->write(impl_->rows.pendingRows());
+}
+
+void Recordset::CancelBatch() {
+  impl_->mustBeOpen();
+  impl_->rows.cancel();
+  impl_->view.cutTo(impl_->rows.rowCount());
 }
 
 void Recordset::Requery(std::int32_t /*options*/) {

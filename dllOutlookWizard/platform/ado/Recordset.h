@@ -49,7 +49,7 @@ class Recordset {
 
   // Runs the statement and stands on the first row, or at both ends when there is none. What is passed as unspecified
   // stays as the properties say. An empty connection string is failure 3709.
-  void Open(Provider& provider, std::string statement, std::string connectionString,
+  void Open(Provider& provider, std::string statement, const std::string& connectionString,
             CursorType type = CursorType::unspecified, LockType lock = LockType::unspecified,
             CommandType command = CommandType::text);
   // Lets go of the connection: the rows stay, writing and requerying fail with 3709.
@@ -68,7 +68,8 @@ class Recordset {
   void MoveFirst();
   // Failure 3021 when it stands behind the last row already. Moving off a row ends its editing as Update does.
   void MoveNext();
-  // Moves to the first row, from the first on, whose `column` equals `value`, case ignored; Null equals nothing.
+  // Moves to the first row, from the first on, whose `column` equals `value`, case ignored but in keys; Null equals
+  // nothing.
   // None: stands at EOF. Failure 3265 when there is no such column.
   void Find(std::string_view column, const Variant& value);
 
@@ -85,6 +86,9 @@ class Recordset {
   // Writes all pending rows in one transaction and visits only those. On a failure they stay pending and nothing
   // is written.
   void UpdateBatch(Affect affect = Affect::all);
+  // Drops what is pending: rows hold again what they held before, and new ones are gone. The cursor stays on its row,
+  // or is at EOF where that one is gone.
+  void CancelBatch();
 
   // Runs the statement again and stands on the first row; what was pending is dropped, filter and sort stay. `options`
   // is -1.

@@ -5,6 +5,7 @@
 
 #include "Conversions.h"
 #include "Failure.h"
+#include "KeyColumns.h"
 #include "Values.h"
 
 namespace tarnel::ado {
@@ -83,8 +84,10 @@ std::vector<std::size_t> RowStore::rowsEqual(std::size_t column, const Variant& 
     at->second.reserve(rowCount());
     for (std::size_t row = 0; row < rowCount(); ++row) at->second.add(this->value(row, column), row);
   }
+  const bool toTheLetter = holdsKeys(this->column(column).name);
   at->second.visitCandidates(wanted, [&](std::size_t row) {
-    if (compareValues(this->value(row, column), wanted) == 0) rows.push_back(row);
+    const Variant held = this->value(row, column);
+    if (toTheLetter ? textOrEmpty(held) == textOrEmpty(wanted) : compareValues(held, wanted) == 0) rows.push_back(row);
   });
   return rows;
 }
@@ -118,6 +121,27 @@ void RowStore::settle(const std::vector<std::size_t>& rows, const std::vector<Wr
     result_.rowIds[rows[i]] = written[i].rowId;
     refresh(rows[i], written[i].row, false);
   }
+}
+
+void RowStore::cancel() {
+  for (auto pending = pending_.rbegin(); pending != pending_.rend(); ++pending) {
+    const auto& [row, change] = *pending;
+    if (change.kind == Change::Kind::insert)
+      dropLast(row);
+    else
+      for (const auto& [column, original] : change.originals) assignAll(row, column, original);
+  }
+  pending_.clear();
+}
+
+void RowStore::dropLast(std::size_t row) {
+  assert(row + 1 == rowCount());
+  for (auto& [column, index] : indexes_) index.remove(value(row, column), row);
+  for (Shown& shown : shown_)
+    if (shown.row == row) shown = {};
+  changed_.erase(row);
+  result_.rowIds.pop_back();
+  --appended_;
 }
 
 std::vector<std::size_t> RowStore::storedRows() const {

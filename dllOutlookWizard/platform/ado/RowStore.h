@@ -37,7 +37,8 @@ class RowStore {
   // A new pending row behind the others, all Null; its number.
   std::size_t append();
 
-  // Rows whose `column` equals `value`, case ignored, in no order. The first question about a column builds its index.
+  // Rows whose `column` equals `value`, case ignored but in keys, in no order. The first question about a column builds
+  // its index.
   std::vector<std::size_t> rowsEqual(std::size_t column, const Variant& value);
 
   bool isPending(std::size_t row) const { return pending_.contains(row); }
@@ -45,6 +46,9 @@ class RowStore {
   std::vector<Change> changesOf(const std::vector<std::size_t>& rows) const;
   // The changes of these rows are in the database now.
   void settle(const std::vector<std::size_t>& rows, const std::vector<Written>& written);
+
+  // Takes all pending values back; pending new rows, which are the last ones, go.
+  void cancel();
 
   // Rows that the database knows, and their identities.
   std::vector<std::size_t> storedRows() const;
@@ -70,6 +74,7 @@ class RowStore {
   // The row's own copy of its values, where it may be changed.
   Row& changeable(std::size_t row);
   void assign(std::size_t row, std::size_t column, const Variant& value);
+  void dropLast(std::size_t row);
   void assignAll(std::size_t row, std::size_t column, const Variant& value);
   Identity identityOf(std::size_t row) const;
 

@@ -29,4 +29,9 @@ void RowView::append(std::size_t row) {
   order_.push_back(row);
 }
 
+void RowView::cutTo(std::size_t rowCount) {
+  std::erase_if(order_, [&](std::size_t row) { return row >= rowCount; });
+  positions_.resize(rowCount, passedOver);
+}
+
 }  // namespace tarnel::ado

@@ -22,6 +22,8 @@ class RowView {
   // None for a row that is passed over.
   std::optional<std::size_t> positionOf(std::size_t row) const;
   void append(std::size_t row);
+  // Leaves the rows from that number on out.
+  void cutTo(std::size_t rowCount);
 
  private:
   std::vector<std::size_t> order_;

@@ -21,7 +21,7 @@ struct PageMargins {
 struct Document {
   std::filesystem::path file;
   std::string html;                   // its contents, as bytes of the file
-  std::filesystem::path imageFolder;  // relative pictures are found here
+  std::filesystem::path imageFolder;  // relative pictures and style sheets are found here
   std::string footer;                 // a template, read by footerParts
   std::string footerFont;             // a family; empty for the output's own
   std::int32_t footerSize = 0;        // points; 0 or less for the output's own

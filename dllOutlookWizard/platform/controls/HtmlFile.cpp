@@ -8,7 +8,7 @@
 namespace tarnel {
 namespace {
 
-constexpr std::uintmax_t largest = 32U * 1024U * 1024U;  // bytes
+constexpr std::uintmax_t largest = 32 << 20;  // bytes
 
 [[noreturn]] void failAccess(const std::filesystem::path& file, const std::string& reason) {
   throw Failure(failure::pathAccess, "The page \"" + file.string() + "\" can't be shown: " + reason);

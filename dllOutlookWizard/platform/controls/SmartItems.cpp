@@ -3,11 +3,10 @@
 #include <iterator>
 
 #include "Failure.h"
-#include "SmartUI.h"
 
 namespace tarnel {
 
-SmartItem::SmartItem(SmartItems& owner, std::string key, std::string caption, ItemType type, std::string picture)
+SmartItem::SmartItem(SmartItems& owner, std::string key, std::string caption, SmartItemType type, std::string picture)
     : owner_(owner), key_(std::move(key)), caption_(std::move(caption)), picture_(std::move(picture)), type_(type) {}
 
 SmartItem::~SmartItem() = default;
@@ -33,14 +32,14 @@ void SmartItem::putValue(Variant value) { change(value_, std::move(value), Prope
 void SmartItem::setValue(Variant value) {
   if (value == value_) return;
   putValue(std::move(value));
-  owner_.control_.Change(*this, "Value");
+  owner_.control_.itemChanged(*this, "Value");
 }
 
 void SmartItem::setChecked(bool checked) {
   if (checked == checked_) return;
   change(checked_, checked, Property::checked);
-  if (checked && type_ == ItemType::option) owner_.uncheckOtherOptions(*this);
-  owner_.control_.Change(*this, "Checked");
+  if (checked && type_ == SmartItemType::option) owner_.uncheckOtherOptions(*this);
+  owner_.control_.itemChanged(*this, "Checked");
 }
 
 SmartItems& SmartItem::SubItems() {
@@ -48,7 +47,7 @@ SmartItems& SmartItem::SubItems() {
   return *subItems_;
 }
 
-SmartItem& SmartItems::Add(std::size_t position, std::string key, std::string caption, ItemType type,
+SmartItem& SmartItems::Add(std::size_t position, std::string key, std::string caption, SmartItemType type,
                            std::string picture) {
   if (position != 0 && position != items_.size())
     throw Failure(failure::invalidCall, "An item can only be added at the end");
@@ -59,13 +58,13 @@ SmartItem& SmartItems::Add(std::size_t position, std::string key, std::string ca
   result.index_ = items_.size();
   items_.push_back(std::move(item));
   if (!result.key_.empty()) byKey_.add(result);
-  control_.lastItem_ = &result;
+  control_.itemAdded(result);
   added(result);
   return result;
 }
 
 void SmartItems::Clear() {
-  control_.lastItem_ = nullptr;
+  control_.itemsGo();
   byKey_.clear();
   items_.clear();
   cleared();
@@ -82,7 +81,7 @@ const SmartItem& SmartItems::Item(std::string_view key) const { return *items_[f
 
 void SmartItems::Remove(std::string_view key) {
   const std::size_t index = find(key);
-  control_.lastItem_ = nullptr;
+  control_.itemsGo();
   byKey_.remove(key);
   items_.erase(std::next(items_.begin(), static_cast<std::ptrdiff_t>(index)));
   for (std::size_t i = index; i < items_.size(); ++i) items_[i]->index_ = i;
@@ -100,11 +99,11 @@ const SmartItem& SmartItems::at(std::size_t index) const {
 }
 
 void SmartItems::uncheckOtherOptions(const SmartItem& chosen) {
-  const auto isGroup = [this](std::size_t i) { return items_[i]->type_ == ItemType::group; };
+  const auto isGroup = [this](std::size_t i) { return items_[i]->type_ == SmartItemType::group; };
   std::size_t first = chosen.index_;
   while (first > 0 && !isGroup(first - 1)) --first;
   for (std::size_t i = first; i < items_.size() && !isGroup(i); ++i)
-    if (items_[i].get() != &chosen && items_[i]->type_ == ItemType::option) items_[i]->setChecked(false);
+    if (items_[i].get() != &chosen && items_[i]->type_ == SmartItemType::option) items_[i]->setChecked(false);
 }
 
 }  // namespace tarnel

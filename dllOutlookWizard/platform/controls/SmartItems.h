@@ -6,18 +6,20 @@
 #include <string_view>
 #include <vector>
 
+#include "Color.h"
 #include "ItemKeys.h"
 #include "Signal.h"
 #include "Variant.h"
 
 namespace tarnel {
 
+class SmartItem;
 class SmartItems;
 class SmartUI;
 
 // What an item is and how it behaves. The numbers 103, 105, 200, 501, 505, 901, 1104 and 1500 are the control's own,
 // which its users compare with; the others are ours.
-enum class ItemType : std::int32_t {
+enum class SmartItemType : std::int32_t {
   button = 100,         // pressed, does something
   label = 102,          // a text that can't be pressed
   group = 103,          // a heading: what follows belongs to it
@@ -33,22 +35,29 @@ enum class ItemType : std::int32_t {
   dropDown = 1500,      // Value is the caption of one of its SubItems
 };
 
-// A 32-bit colour, red in the lowest byte, then green, then blue (OLE's COLORREF).
-using Color = std::int32_t;
-constexpr Color rgb(int red, int green, int blue) { return red | green << 8 | blue << 16; }
+// The control that items belong to, as they see it. Items of a drop-down item tell it the same as those beside it.
+class ItemsControl {
+ public:
+  virtual ~ItemsControl() = default;
+  virtual void itemAdded(SmartItem& item) = 0;
+  // Some of them will be gone in a moment.
+  virtual void itemsGo() = 0;
+  // `property` is "Value" or "Checked".
+  virtual void itemChanged(SmartItem& item, const std::string& property) = 0;
+};
 
 // One item of a SmartUI. Belongs to its collection and goes with it.
 class SmartItem {
  public:
   enum class Property { caption, value, checked, visible, picture, tag, toolTipText, highlighted, backColor, bold };
 
-  SmartItem(SmartItems& owner, std::string key, std::string caption, ItemType type, std::string picture);
+  SmartItem(SmartItems& owner, std::string key, std::string caption, SmartItemType type, std::string picture);
   ~SmartItem();
   SmartItem(const SmartItem&) = delete;
   SmartItem& operator=(const SmartItem&) = delete;
 
   const std::string& Key() const { return key_; }
-  ItemType Type() const { return type_; }
+  SmartItemType Type() const { return type_; }
   // Place in its collection, from 0.
   std::size_t Index() const { return index_; }
 
@@ -100,7 +109,7 @@ class SmartItem {
   Variant value_;
   std::unique_ptr<SmartItems> subItems_;
   std::size_t index_ = 0;
-  ItemType type_;
+  SmartItemType type_;
   Color backColor_ = -1;
   bool checked_ = false;
   bool visible_ = true;
@@ -111,20 +120,21 @@ class SmartItem {
 // The items of a SmartUI, or the entries of a drop-down item. Items keep their addresses until they are removed.
 class SmartItems {
  public:
-  explicit SmartItems(SmartUI& control) : control_(control) {}
+  explicit SmartItems(ItemsControl& control) : control_(control) {}
   SmartItems(const SmartItems&) = delete;
   SmartItems& operator=(const SmartItems&) = delete;
 
   // Appends an item; `position` is 0 or Count, both mean the end. Failure 5 for any other position, 457 for a key that
   // is there already. An item without a key is found by its index alone.
-  SmartItem& Add(std::size_t position, std::string key, std::string caption, ItemType type, std::string picture = {});
+  SmartItem& Add(std::size_t position, std::string key, std::string caption, SmartItemType type,
+                 std::string picture = {});
   void Clear();
   std::size_t Count() const { return items_.size(); }
   // Keys are compared exactly. Failure 5 when there is no such item.
   SmartItem& Item(std::string_view key);
   const SmartItem& Item(std::string_view key) const;
   bool Exists(std::string_view key) const { return byKey_.find(key) != nullptr; }
-  // Failure 5 when there is no such item. The items behind it move up by one.
+  // Failure 5 when there is no such item. The items after it move up by one.
   void Remove(std::string_view key);
 
   // From 0. Failure 9 out of range.
@@ -149,7 +159,7 @@ class SmartItems {
   Iterator begin() const { return Iterator(items_.begin()); }
   Iterator end() const { return Iterator(items_.end()); }
 
-  // Each is raised behind the change. `removed` tells the place that the item had.
+  // Each is raised after the change. `removed` tells the place that the item had.
   Signal<SmartItem&> added;
   Signal<std::size_t> removed;
   Signal<> cleared;
@@ -160,9 +170,9 @@ class SmartItems {
   void uncheckOtherOptions(const SmartItem& chosen);
   std::size_t find(std::string_view key) const;
 
-  SmartUI& control_;
+  ItemsControl& control_;
   std::vector<std::unique_ptr<SmartItem>> items_;
-  ItemKeys byKey_;
+  ItemKeys<SmartItem> byKey_;
 };
 
 }  // namespace tarnel

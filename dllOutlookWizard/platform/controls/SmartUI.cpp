@@ -12,24 +12,24 @@ SmartItem& SmartUI::LastItem() {
 void SmartUI::press(SmartItem& item) {
   if (!Visible() || !Enabled() || !item.Visible()) return;
   switch (item.Type()) {
-    case ItemType::checkRow:
-    case ItemType::checkBox:
+    case SmartItemType::checkRow:
+    case SmartItemType::checkBox:
       item.setChecked(!item.Checked());
       break;
-    case ItemType::option:
-    case ItemType::toggleButton:
+    case SmartItemType::option:
+    case SmartItemType::toggleButton:
       item.setChecked(true);
       break;
-    case ItemType::button:
-    case ItemType::menu:
-    case ItemType::menuEntry:
+    case SmartItemType::button:
+    case SmartItemType::menu:
+    case SmartItemType::menuEntry:
       break;
-    case ItemType::label:
-    case ItemType::group:
-    case ItemType::note:
-    case ItemType::separator:
-    case ItemType::dropDown:
-    case ItemType::dropDownEntry:
+    case SmartItemType::label:
+    case SmartItemType::group:
+    case SmartItemType::note:
+    case SmartItemType::separator:
+    case SmartItemType::dropDown:
+    case SmartItemType::dropDownEntry:
       return;
   }
   Click(item);
@@ -37,9 +37,9 @@ void SmartUI::press(SmartItem& item) {
 
 void SmartUI::choose(SmartItem& dropDown, SmartItem& entry) {
   if (!Visible() || !Enabled() || !dropDown.Visible() || !entry.Visible()) return;
-  if (entry.Type() == ItemType::group || entry.Type() == ItemType::separator) return;
+  if (entry.Type() == SmartItemType::group || entry.Type() == SmartItemType::separator) return;
   const Variant before = dropDown.Value();
-  const bool lasting = entry.Type() != ItemType::checkRow;
+  const bool lasting = entry.Type() != SmartItemType::checkRow;
   if (before == Variant(entry.Caption()))
     Change(dropDown, "Value");  // shown is not chosen: the user's act counts all the same
   else

@@ -8,7 +8,7 @@
 namespace tarnel {
 
 // A bar or list of items: check list, row of buttons, drop-downs with their labels, settings with their notes.
-class SmartUI : public Control {
+class SmartUI : public Control, private ItemsControl {
  public:
   enum class Look { checkList, bar, form };
 
@@ -17,26 +17,25 @@ class SmartUI : public Control {
       : Control(std::move(name), index), look_(look), title_(std::move(title)), items_(*this) {}
 
   Look look() const { return look_; }
-  // Stands above the items; empty for none.
+  // Shown above the items; empty for none.
   const std::string& title() const { return title_; }
 
   SmartItems& Items() { return items_; }
   const SmartItems& Items() const { return items_; }
-  // The item added last, to Items or to the SubItems of one of them. Failure 91 before the first one, and behind each
+  // The item added last, to Items or to the SubItems of one of them. Failure 91 before the first one, and after each
   // Clear or Remove until the next.
   SmartItem& LastItem();
 
   // What a user does. Nothing happens on what can't be seen or pressed.
-  // Presses a button, menu entry or toggle; toggles a check row or box; checks an option. Raises Click behind that.
+  // Presses a button, menu entry or toggle; toggles a check row or box; checks an option. Raises Click after that.
   void press(SmartItem& item);
-  // Chooses an entry of a drop-down: its caption becomes the Value. Raises Change, also where it
-  // was shown before. A check entry is no lasting
-  // choice: behind the Change the Value is what it was before.
+  // Chooses an entry of a drop-down: its caption becomes the Value. Raises Change, also where it was shown before. A
+  // check entry is no lasting choice: after the Change the Value is what it was before.
   void choose(SmartItem& dropDown, SmartItem& entry);
 
   // Scrolls a list to its first row.
   void resetDisplayPosition() { displayPositionReset(); }
-  // Draws anew.
+  // Draws again.
   void Refresh() { refreshed(); }
 
   Signal<SmartItem&> Click;
@@ -46,7 +45,9 @@ class SmartUI : public Control {
   Signal<> refreshed;
 
  private:
-  friend class SmartItems;
+  void itemAdded(SmartItem& item) override { lastItem_ = &item; }
+  void itemsGo() override { lastItem_ = nullptr; }
+  void itemChanged(SmartItem& item, const std::string& property) override { Change(item, property); }
 
   Look look_;
   std::string title_;

@@ -51,7 +51,7 @@ class SpellEditor : public Control {
   void setEditorState4(std::string text);
   void setEditorState5(bool on);
   void setEditorState6(bool on);
-  // Relative pictures of the document are found here.
+  // Relative pictures and style sheets of the document are found here.
   void setHtmlimgdir(std::filesystem::path folder);
   // Failures as readHtmlFile's; the document before is gone then.
   void LoadHtmlFile(const std::filesystem::path& file);

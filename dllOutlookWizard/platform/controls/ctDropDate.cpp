@@ -7,6 +7,7 @@ void ctDropDate::setDate(tarnel::Date date) {
 }
 
 void ctDropDate::choose(tarnel::Date date) {
+  if (!canShow(date)) return;
   date_ = date.wholeDay();
   Change();
 }

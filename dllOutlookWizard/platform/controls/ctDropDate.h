@@ -14,8 +14,9 @@ class ctDropDate : public Control {
   tarnel::Date Date() const { return date_; }
   // The time of day is dropped. Raises Change when it is another day than before.
   void setDate(tarnel::Date date);
-  // The user's act: raises Change for the day on show, too.
+  // The user's act: raises Change for the day on show, too. A day that can't be shown changes nothing.
   void choose(tarnel::Date date);
+  static bool canShow(tarnel::Date date) { return tarnel::Date::canBe(date.days) && date.wholeDay() <= lastDayShown(); }
 
   Signal<> Change;
 

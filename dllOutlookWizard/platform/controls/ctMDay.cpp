@@ -2,7 +2,6 @@
 
 #include <array>
 #include <iterator>
-#include <limits>
 
 #include "Failure.h"
 
@@ -15,8 +14,8 @@ void ctMDay::AppClear() {
 
 std::int16_t ctMDay::AppAdd(std::int16_t start, std::int16_t end, std::int32_t date, std::string text,
                             std::string key) {
-  if (appointments_.size() >= static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()))
-    throw Failure(failure::overflow, "A schedule holds at most 32767 appointments");
+  if (isFull())
+    throw Failure(failure::overflow, "A schedule holds at most " + std::to_string(mostAppointments) + " appointments");
   Appointment added;
   added.start = start;
   added.end = end;

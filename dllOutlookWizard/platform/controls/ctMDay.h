@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "Color.h"
 #include "Control.h"
 #include "Date.h"
-#include "SmartItems.h"
 
 namespace tarnel {
 
@@ -35,8 +35,13 @@ class ctMDay : public Control {
     bool flagB = false;
   };
 
+  // An index has 16 bits, and whoever counts up to the last one in them has to get past it.
+  static constexpr std::int16_t mostAppointments = 32766;
+
   void AppClear();
+  bool isFull() const { return AppCount() == mostAppointments; }
   // Appends; the new appointment's index is the count behind it. It stands on `date` alone until AppDays are set.
+  // Failure 6 when the schedule is full.
   std::int16_t AppAdd(std::int16_t start, std::int16_t end, std::int32_t date, std::string text, std::string key);
   std::int16_t AppCount() const { return static_cast<std::int16_t>(appointments_.size()); }
   // Those behind it move down by one.

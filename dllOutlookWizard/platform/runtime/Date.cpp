@@ -1,10 +1,12 @@
 #include "Date.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 
 namespace tarnel {
 namespace {
@@ -42,6 +44,43 @@ std::optional<int> digits(std::string_view text, std::size_t from, std::size_t c
 }
 
 bool isTimeOfDay(int hour, int minute, int second) { return hour < 24 && minute < 60 && second < 60; }
+
+// Takes ":SS" and a fraction off the front; 0 where no seconds are told, none for what can't be read.
+std::optional<int> takeSecond(std::string_view& text) {
+  if (!text.starts_with(':')) return 0;
+  const auto second = digits(text, 1, 2);
+  if (!second) return {};
+  text.remove_prefix(3);
+  if (!text.starts_with('.') && !text.starts_with(',')) return second;
+  const std::size_t end = std::min(text.find_first_not_of("0123456789", 1), text.size());
+  if (end == 1) return {};
+  text.remove_prefix(end);
+  return second;
+}
+
+// "Z", "+HH:MM", "-HHMM" or "+HH": how far a place's time is ahead of UTC.
+std::optional<int> minutesFromUtc(std::string_view text) {
+  if (text == "Z") return 0;
+  if (!text.starts_with('+') && !text.starts_with('-')) return {};
+  const auto hours = digits(text, 1, 2);
+  const std::size_t at = text.size() == 6 && text[3] == ':' ? 4 : 3;
+  const auto minutes = text.size() == 3 ? 0 : digits(text, at, 2);
+  if (!hours || !minutes || (text.size() != 3 && text.size() != at + 2) || !isTimeOfDay(*hours, *minutes, 0)) return {};
+  const int distance = *hours * 60 + *minutes;
+  return text.front() == '-' ? -distance : distance;
+}
+
+// The same moment on this machine's clocks; none past the dates that there are.
+std::optional<Date> localOf(Date there, int minutesAhead) {
+  const CivilTime c = there.civil();
+  std::tm utc{};
+  utc.tm_year = c.year - 1900, utc.tm_mon = c.month - 1, utc.tm_mday = c.day;
+  utc.tm_hour = c.hour, utc.tm_min = c.minute - minutesAhead, utc.tm_sec = c.second;
+  const std::time_t moment = timegm(&utc);
+  std::tm local{};
+  if (!localtime_r(&moment, &local) || local.tm_year + 1900 < 100 || local.tm_year + 1900 > 9999) return {};
+  return Date::of(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+}
 
 }  // namespace
 
@@ -94,17 +133,20 @@ std::string isoText(Date date) {
 }
 
 std::optional<Date> parseIsoDate(std::string_view text) {
-  if (text.size() != 10 && text.size() != 16 && text.size() != 19) return {};
   const auto y = digits(text, 0, 4), m = digits(text, 5, 2), d = digits(text, 8, 2);
   if (!y || !m || !d || *y < 100 || text[4] != '-' || text[7] != '-') return {};
   if (!year_month_day{year{*y}, month{static_cast<unsigned>(*m)}, day{static_cast<unsigned>(*d)}}.ok()) return {};
   if (text.size() == 10) return Date::of(*y, *m, *d);
 
   const auto hour = digits(text, 11, 2), minute = digits(text, 14, 2);
-  const auto second = text.size() == 19 ? digits(text, 17, 2) : 0;
-  if (!hour || !minute || !second || (text[10] != ' ' && text[10] != 'T') || text[13] != ':') return {};
-  if ((text.size() == 19 && text[16] != ':') || !isTimeOfDay(*hour, *minute, *second)) return {};
-  return Date::of(*y, *m, *d, *hour, *minute, *second);
+  if (!hour || !minute || (text[10] != ' ' && text[10] != 'T') || text[13] != ':') return {};
+  text.remove_prefix(16);
+  const auto second = takeSecond(text);
+  if (!second || !isTimeOfDay(*hour, *minute, *second)) return {};
+  const Date read = Date::of(*y, *m, *d, *hour, *minute, *second);
+  if (text.empty()) return read;
+  const auto distance = minutesFromUtc(text);
+  return distance ? localOf(read, *distance) : std::nullopt;
 }
 
 }  // namespace tarnel

@@ -44,13 +44,17 @@ struct Date {
   friend auto operator<=>(const Date&, const Date&) = default;
 };
 
+// The last day that can be shown: what is read of a day goes up to the midnight of the next one.
+inline Date lastDayShown() { return Date::of(9999, 12, 30); }
+
 // Minutes from one moment to another, counted in minute boundaries; negative when `to` lies before `from`.
 std::int32_t minutesBetween(Date from, Date to);
 
 // "2026-11-19 08:30:00", years 0100 to 9999.
 std::string isoText(Date date);
-// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" behind it, of these years. None for any other
-// text.
+// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" after it, of these years. Behind the seconds there
+// may be a fraction, which is cut off. A time that ends with "Z" or its distance from UTC, "+HH:MM", is told in the
+// machine's zone. None for any other text.
 std::optional<Date> parseIsoDate(std::string_view text);
 
 }  // namespace tarnel

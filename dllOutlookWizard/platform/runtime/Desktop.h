@@ -29,6 +29,12 @@ struct FailureReport {
   std::int32_t number = 0;
   std::int32_t lineMark = 0;
   std::string profile;  // empty when no Outlook profile is chosen
+  // What was in use, and where the report is kept. The procedure that failed doesn't know them: who passes the report
+  // on adds them.
+  std::string version{};
+  std::string database{};
+  std::string mailbox{};
+  std::string keptIn{};
 };
 
 // The person's side of the program: a screen with keyboard and mouse, or what stands for it. One for a thread.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,10 @@ class Registry {
   // True also when there was nothing to delete. A key goes with all below it.
   virtual bool deleteKey(std::string_view key) = 0;
   virtual bool deleteValue(std::string_view key, std::string_view name) = 0;
+
+  // For changes that belong together, or to what was read before: nobody else changes anything until the result is let
+  // go of. Readers wait for nothing. May be called again by who holds it.
+  virtual std::shared_ptr<void> hold() = 0;
 };
 
 }  // namespace tarnel

@@ -47,8 +47,7 @@ fs::path newFileBeside(const fs::path& target, std::error_code& error) {
   std::random_device random;
   fs::path file = target;
   file += "." + std::to_string(random()) + std::to_string(random()) + ".new";
-  // Unlike mkstemp this gives the permissions that the user's new files have.
-  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   error = made < 0 ? lastError() : std::error_code();
   if (made >= 0) close(made);
   return file;

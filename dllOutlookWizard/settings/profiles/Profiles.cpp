@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "CRegistry.h"
+#include "Captions.h"
 #include "Conversions.h"
 #include "Failure.h"
-#include "Folders.h"
-#include "ItemText.h"
 #include "OutlookProfilesKey.h"
+#include "UserFolders.h"
 
 namespace tarnel {
 namespace {
@@ -39,7 +39,7 @@ void requireWritten(bool written, std::string_view what, std::string_view name) 
 
 }  // namespace
 
-std::filesystem::path defaultMailbox() { return folders::data() / "Outlook.mailbox"; }
+std::filesystem::path defaultMailbox() { return userFolders::data() / "Outlook.mailbox"; }
 
 std::vector<Profile> Profiles::list() const {
   std::vector<Profile> profiles;
@@ -54,6 +54,7 @@ void Profiles::add(const std::string& name, const std::filesystem::path& mailbox
   };
   if (const std::string why = objection(name); !why.empty()) refuse(failure::invalidCall, why);
   if (mailbox.empty()) refuse(failure::invalidCall, "it needs the path of a mailbox file");
+  const auto held = registry_.hold();
   if (registry_.keyExists(pathOf(name)))
     refuse(failure::keyNotUnique, "there is one of this name; remove it first or choose another name");
   requireWritten(registry_.setValue(pathOf(name), mailboxValue, std::filesystem::absolute(mailbox).string()), "added",
@@ -61,6 +62,7 @@ void Profiles::add(const std::string& name, const std::filesystem::path& mailbox
 }
 
 void Profiles::remove(std::string_view name) {
+  const auto held = registry_.hold();
   const std::vector<std::string> names = registry_.subKeys(profilesPath());
   const bool known =
       std::any_of(names.begin(), names.end(), [name](const auto& each) { return equalsIgnoringCase(each, name); });

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "Conversions.h"
+#include "Explained.h"
 #include "StandardHandler.h"
 #include "m_OutlookWizard.h"
 
@@ -19,10 +20,12 @@ struct DayLengths {
 DayLengths dayLengths() {
   const auto& formats = session().theDateFormats;
   const std::string& hours = formats[dateFormat::hoursInDay];
-  const double full = roundToLong(static_cast<double>(toSingle(hours) * 60.0F));
-  const std::int32_t wholeHours = toLong(hours);
-  if (wholeHours == 0 || wholeHours == 24) return {full, full};
-  return {full, static_cast<double>(toLong(formats[dateFormat::dayEnd]) - toLong(formats[dateFormat::dayStart]))};
+  return explained("the setting HoursInDay holds \"" + hours + "\"", [&]() -> DayLengths {
+    const double full = roundToLong(static_cast<double>(toSingle(hours) * 60.0F));
+    const std::int32_t wholeHours = toLong(hours);
+    if (wholeHours == 0 || wholeHours == 24) return {full, full};
+    return {full, static_cast<double>(toLong(formats[dateFormat::dayEnd]) - toLong(formats[dateFormat::dayStart]))};
+  });
 }
 
 std::int64_t wholePart(double number) { return static_cast<std::int64_t>(std::trunc(number)); }

@@ -1,7 +1,7 @@
 #include "TaskLists.h"
 
+#include "Captions.h"
 #include "Conversions.h"
-#include "ItemText.h"
 #include "StandardHandler.h"
 #include "TaskPicker.h"
 

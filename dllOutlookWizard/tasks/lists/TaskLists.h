@@ -4,7 +4,6 @@
 #include <string>
 
 #include "FormState.h"
-#include "ItemLink.h"
 #include "Recordset.h"
 #include "SmartUI.h"
 #include "TaskPicker.h"
@@ -19,13 +18,11 @@ inline constexpr const char* outlook = "OUTLOOK";  // in the Tarnel list: linked
 inline constexpr const char* none = "NONE";        // in the Tarnel list: not linked
 }  // namespace rowPicture
 
-// Names of the entries of a row's tag that are read again.
+// Names of the entries of a row's tag that are read again, besides those of outlookLink.
 namespace rowTag {
 inline constexpr const char* outlookId = "OUTLOOKID";
 inline constexpr const char* timeNeeded = "TIMENEEDED";
 inline constexpr const char* timeSpent = "TIMESPENT";
-inline constexpr const char* entryId = entryIdEntry;
-inline constexpr const char* tarnelGuid = linkProperty;
 }  // namespace rowTag
 
 // The two check lists with the picker that says what the Tarnel one shows: index 0 the tasks of the database, 1 the

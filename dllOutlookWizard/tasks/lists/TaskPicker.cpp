@@ -9,9 +9,9 @@ namespace tarnel {
 namespace {
 
 struct Entry {
-  const char* key;
-  const char* caption;
-  ItemType type = ItemType::dropDownEntry;
+  const char* key = "";
+  const char* caption = "";
+  SmartItemType type = SmartItemType::dropDownEntry;
 };
 
 constexpr std::array<Entry, 5> pickEntries{{
@@ -19,7 +19,7 @@ constexpr std::array<Entry, 5> pickEntries{{
     {"T01", "Tarnel"},
     {"T02", "Tasks with Appointments"},
     {"T03", "Recommended Tasks"},
-    {"D0A2", "Projects", ItemType::group},
+    {"D0A2", "Projects", SmartItemType::group},
 }};
 
 constexpr std::array<Entry, 22> sortEntries{{
@@ -27,7 +27,7 @@ constexpr std::array<Entry, 22> sortEntries{{
     {"D01", "To Do Order First to Last"},
     {"D02", "Task Description A to Z"},
     {"D03", "Deadline Now to Later"},
-    {"D0A2", "Descending Order", ItemType::group},
+    {"D0A2", "Descending Order", SmartItemType::group},
     {"D10", "Possible Points High to Low"},
     {"D11", "To Do Order First to Last"},
     {"D12", "Task Description A to Z"},
@@ -35,7 +35,7 @@ constexpr std::array<Entry, 22> sortEntries{{
     {"D14", "Difficulty Low to High"},
     {"D15", "Time Needed Low to High"},
     {"D16", "Deadline Now to Later"},
-    {"D0A3", "Ascending Order", ItemType::group},
+    {"D0A3", "Ascending Order", SmartItemType::group},
     {"D30", "Possible Points Low to High"},
     {"D31", "To Do Order Last to First"},
     {"D32", "Task Description Z to A"},
@@ -43,8 +43,8 @@ constexpr std::array<Entry, 22> sortEntries{{
     {"D34", "Difficulty High to Low"},
     {"D35", "Time Needed High to Low"},
     {"D36", "Deadline Later to Now"},
-    {"D0A4", "Include", ItemType::group},
-    {completedTasksKey, "Completed Tasks", ItemType::checkRow},
+    {"D0A4", "Include", SmartItemType::group},
+    {completedTasksKey, "Completed Tasks", SmartItemType::checkRow},
 }};
 
 template <std::size_t Count>
@@ -56,10 +56,10 @@ void addAll(SmartItems& entries, const std::array<Entry, Count>& table) {
 
 void makePickerItems(SmartUI& smtSkedPickTasks) {
   SmartItems& items = smtSkedPickTasks.Items();
-  items.Add(0, "", "Tasks:", ItemType::label);
-  items.Add(0, taskPickKey, "Tasks", ItemType::dropDown);
-  items.Add(0, "", "Sort Order:", ItemType::label);
-  items.Add(0, sortPickKey, "Sort Order", ItemType::dropDown);
+  items.Add(0, "", "Tasks:", SmartItemType::label);
+  items.Add(0, taskPickKey, "Tasks", SmartItemType::dropDown);
+  items.Add(0, "", "Sort Order:", SmartItemType::label);
+  items.Add(0, sortPickKey, "Sort Order", SmartItemType::dropDown);
 }
 
 void setupSkedPickTasksList(SmartUI& smtSkedPickTasks) {
@@ -68,7 +68,7 @@ void setupSkedPickTasksList(SmartUI& smtSkedPickTasks) {
     entries.Clear();
     addAll(entries, pickEntries);
     for (std::size_t i = 0; i < session().theProjectNames.size(); ++i)
-      entries.Add(0, session().theProjectKeys[i], session().theProjectNames[i], ItemType::dropDownEntry);
+      entries.Add(0, session().theProjectKeys[i], session().theProjectNames[i], SmartItemType::dropDownEntry);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "ClassFactory.h"
 #include "OutlookItems.h"
+#include "OutlookLink.h"
 #include "Platform.h"
 #include "StandardHandler.h"
 #include "TaskLists.h"
@@ -10,10 +11,23 @@
 namespace tarnel {
 namespace {
 
+std::shared_ptr<outlook::Item> firstItem(outlook::Items& items) {
+  try {
+    return items.Item(1);
+  } catch (const Failure& failure) {
+    if (items.Count() != 0) throw;
+    throw Failure(failure.number(),
+                  failure.description() +
+                      " Outlook's Tasks folder is empty, and a link can be looked up through one of its items alone. "
+                      "Make any task in Outlook, then try again.",
+                  failure.source());
+  }
+}
+
 // The tag of the link property differs between stores, and only an item can be asked for it.
 std::int32_t linkPropertyTag(outlook::Items& items) {
-  const auto wrapper = safeItem(outlook::asTask(items.Item(1)));
-  return wrapper->GetIDsFromNames(outlook::mapi::publicStrings, rowTag::tarnelGuid) | outlook::mapi::typeString8;
+  const auto wrapper = safeItem(outlook::asTask(firstItem(items)));
+  return wrapper->GetIDsFromNames(outlook::mapi::publicStrings, outlookLink::tarnelGuid) | outlook::mapi::typeString8;
 }
 
 void restrictToGuid(outlook::TableFilter& filter, std::int32_t tag, const std::string& guid) {

@@ -5,6 +5,7 @@
 #include "Conversions.h"
 #include "LinkWalk.h"
 #include "OutlookItems.h"
+#include "OutlookLink.h"
 #include "StandardHandler.h"
 #include "m_OutlookWizard.h"
 #include "manageOutlookRef.h"
@@ -21,13 +22,15 @@ class OutlookRowRun {
       act(row);
     } catch (const std::exception&) {
       if (!outlookAnswered_) throw;
+      // What this row left pending would go to the database with the next one.
+      if (lists_.theTaskRows) lists_.theTaskRows->CancelBatch();
     }
   }
 
  private:
   void act(SmartItem& row) {
     const CStringBag tag(row.Tag());
-    const std::string entryId = tag.ReadItem(rowTag::entryId);
+    const std::string entryId = tag.ReadItem(outlookLink::entryId);
     const std::string key = row.Key();
     const bool isLinked = row.Picture() == rowPicture::tarnel;
     row.setChecked(false);
@@ -35,7 +38,7 @@ class OutlookRowRun {
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     outlookAnswered_ = true;
     const auto item = outlookNameSpace().GetItemFromID(entryId, folder->StoreID());
-    if (isLinked) changeTask(tag.ReadItem(rowTag::tarnelGuid));
+    if (isLinked) changeTask(tag.ReadItem(outlookLink::tarnelGuid));
     if (!item) return;
     steps_.changeItem(outlook::asTask(item));
     if (SmartItems& shown = lists_.outlookList.Items(); shown.Exists(key)) shown.Remove(key);
@@ -61,8 +64,8 @@ void completeItem(outlook::TaskItem& item, const CStringBag& tag) {
 }
 
 void changeLinkedItems(TaskLists& lists, const SmartItem& row, const TarnelRowSteps& steps) {
+  if (!steps.isLinked(row)) return;
   const CStringBag tag(row.Tag());
-  if (tag.ReadItem(rowTag::outlookId).empty()) return;
   walkLinkedItems(row.Key(), [&](const LinkedItem& match) {
     if (!match.isLive()) return;
     completeItem(*safeItem(match.item)->Item(), tag);
@@ -73,6 +76,8 @@ void changeLinkedItems(TaskLists& lists, const SmartItem& row, const TarnelRowSt
 }
 
 }  // namespace
+
+bool isLinkedByTag(const SmartItem& row) { return !CStringBag(row.Tag()).ReadItem(rowTag::outlookId).empty(); }
 
 void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps) {
   manageOutlookRef();  // out of reach shows at the first use

@@ -19,8 +19,13 @@ struct OutlookRowSteps {
 // anew at the end. Once an item could be asked for, a failure on a row passes on to the next one without a word.
 void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps);
 
+// What the row's tag says of its link, as it was when the list was filled.
+bool isLinkedByTag(const SmartItem& row);
+
 // What a command does for one checked row of the Tarnel list.
 struct TarnelRowSteps {
+  // Whether items are looked for at all.
+  std::function<bool(const SmartItem& row)> isLinked = isLinkedByTag;
   std::function<void(const std::shared_ptr<outlook::TaskItem>& item)> changeItem;
   std::function<void(const SmartItem& row)> changeTask;
 };

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "Conversions.h"
+#include "Failure.h"
 #include "Platform.h"
 #include "StandardHandler.h"
 #include "TaskPoints.h"
@@ -55,20 +56,14 @@ std::int32_t importanceFromItem(Importance importance) {
   }
 }
 
-void writeNotes(const std::string& body, ado::Recordset& task, TaskRow kind) {
+// An item without a body adds nothing: a task without notes stays one, and one with notes keeps them.
+void writeNotes(const std::string& body, ado::Recordset& task) {
   ado::Field notes = task.Fields("tskNotes");
-  if (kind == TaskRow::existing) {
-    notes.setValue(textOrEmpty(notes.Value()) + body);
-    task.Fields("tskHasNotes").setValue(true);
-    return;
-  }
-  if (!body.empty()) notes.setValue(body);
-  task.Fields("tskHasNotes").setValue(!body.empty());
+  if (!body.empty()) notes.setValue(textOrEmpty(notes.Value()) + body);
+  task.Fields("tskHasNotes").setValue(!textOrEmpty(notes.Value()).empty());
 }
 
-}  // namespace
-
-void writeTaskToItem(ado::Recordset& task, outlook::TaskItem& item) {
+void writeFields(ado::Recordset& task, outlook::TaskItem& item) {
   item.setSubject(textOrEmpty(task.Fields("tskDesc").Value()));
   const Variant& deadline = task.Fields("tskDeadline").Value();
   if (isDate(deadline) && toDate(deadline) > firstUsableDeadline)
@@ -79,10 +74,23 @@ void writeTaskToItem(ado::Recordset& task, outlook::TaskItem& item) {
   item.setActualWork(minutesOrZero(task.Fields("tskTimeSpent").Value()));
 }
 
+}  // namespace
+
+void writeTaskToItem(ado::Recordset& task, outlook::TaskItem& item) {
+  try {
+    writeFields(task, item);
+  } catch (const Failure& failure) {
+    throw Failure(failure.number(),
+                  failure.description() + " (task \"" + textOrEmpty(task.Fields("tskDesc").Value()) +
+                      "\", tskGUIDID \"" + textOrEmpty(task.Fields("tskGUIDID").Value()) + "\")",
+                  failure.source());
+  }
+}
+
 void writeItemToTask(outlook::SafeTaskItem& wrapper, ado::Recordset& task, TaskRow kind) {
   const auto item = wrapper.Item();
   task.Fields("tskDesc").setValue(item->subject());
-  writeNotes(wrapper.body(), task, kind);
+  writeNotes(wrapper.body(), task);
   if (const Date due = item->dueDate(); due < firstUnusableDueDate) task.Fields("tskDeadline").setValue(due);
   task.Fields("tskStatus").setValue(statusFromItem(item->Status()));
   task.Fields("tskImp").setValue(importanceFromItem(item->importance()));
