@@ -1,7 +1,7 @@
 # Sourced by the scripts of this project: installs the Debian packages that are missing, and nothing else.
 
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libical-dev libcli11-dev nlohmann-json3-dev
-  libgtest-dev pkg-config)
+  libgtest-dev pkg-config libcurl4-openssl-dev libssl-dev libexpat1-dev)
 show_packages=(jq fonts-noto-core)
 test_packages=(xvfb xdotool openbox imagemagick poppler-utils clang-format dpkg-dev file man-db
   openssl nghttp2-server python3-radicale xandikos)  # servers that tests start; no package starts one by itself
