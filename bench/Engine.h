@@ -35,7 +35,7 @@ class EngineStatement {
   // Parameters count from 1.
   EngineStatement& bind(int parameter, std::int64_t value);
   EngineStatement& bind(int parameter, std::string_view value);
-  // To the next row; false behind the last one.
+  // To the next row; false after the last one.
   bool step();
   // To the end, and ready to run again.
   void finish();

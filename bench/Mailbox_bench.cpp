@@ -127,7 +127,7 @@ void fillRawLoop(benchmark::State& state) {
 }
 BENCHMARK(fillRawLoop)->Unit(benchmark::kMillisecond);
 
-// The whole link walk for one task, as the transfer builds it anew for each row.
+// The whole link walk for one task, as the transfer builds it again for each row.
 void searchByGuid(benchmark::State& state) {
   const int count = static_cast<int>(state.range(0));
   BenchMailbox& mailbox = tasks(count, 1);

@@ -74,8 +74,8 @@ void firstCopyOfTenTimesTheTasks(benchmark::State& state) {
   }
 }
 
-// The heap that is held behind a run and was not before it: rows of the Outlook list behind a first copy, nothing
-// behind an update.
+// The heap that is held after a run and was not before it: rows of the Outlook list after a first copy, nothing
+// after an update.
 void heapKeptByEachTask(benchmark::State& state) {
   const auto bytes = [] { return static_cast<double>(mallinfo2().uordblks + mallinfo2().hblkhd); };
   for (auto _ : state) {

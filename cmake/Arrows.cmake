@@ -1,5 +1,5 @@
 # Which room may link which. Rooms are added from the bottom up, so that a room may link those added before it and none
-# that comes later. And what stands outside of the logic, behind its interfaces, is linked by the component alone.
+# that comes later. And what implements the logic's interfaces, outside of it, is linked by the component alone.
 set(outside companions faces journal stores)
 
 # The folder of the component that a room lies in: stores for stores/mailbox/ics.

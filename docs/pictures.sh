@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the pictures of the window that stand beside this script and in the help pages, from a demo database.
+# Makes the pictures of the window that lie beside this script and in the help pages, from a demo database.
 #   docs/pictures.sh [PROGRAM]        PROGRAM is build/dev/bin/tarnel when left out
 set -eu
 docs=$(cd "$(dirname "$0")" && pwd)

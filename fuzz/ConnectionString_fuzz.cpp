@@ -14,6 +14,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   for (const char c : text) quoted += c == '"' ? "\"\"" : std::string(1, c);
   const auto parts = ado::parseConnectionString("Provider=x;Data Source=\"" + quoted + "\";Other=1");
   fuzz::require(parts.at("DATA SOURCE") == text, "a quoted value is kept to the letter");
-  fuzz::require(parts.at("OTHER") == "1", "what stands behind a quoted value is read");
+  fuzz::require(parts.at("OTHER") == "1", "what follows a quoted value is read");
   return 0;
 }

@@ -24,7 +24,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::require(!form.Visible(), "the end of the input closes the form");
     form.unload();
   }
-  fuzz::require(openForms().empty(), "no form is left behind");
+  fuzz::require(openForms().empty(), "no form is left open");
 
   std::istringstream facts(told.str());
   std::ptrdiff_t answers = 0;

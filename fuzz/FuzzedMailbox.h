@@ -7,7 +7,7 @@
 
 namespace tarnel::fuzz {
 
-// An empty mailbox, anew for each run.
+// An empty mailbox, a new one for each run.
 class FuzzedMailbox {
  public:
   FuzzedMailbox() {

@@ -11,12 +11,12 @@
 
 namespace tarnel::fuzz {
 
-// What one run gets, cut into parts where a line "--" stands.
+// What one run gets, cut into parts at each line "--".
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
 
-  // The next part; empty behind the last one.
+  // The next part; empty after the last one.
   std::string part() {
     const std::size_t end = rest_.find("\n--\n");
     const std::string_view part = rest_.substr(0, end);

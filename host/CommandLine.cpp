@@ -119,7 +119,7 @@ class CommandLine {
         "  follow LINK                               a link of the help page shown\n"
         "  resize WIDTH HEIGHT | split NAME WIDTH    in twips\n"
         "  answer yes|no                             answer the next question; without one the answer is no\n"
-        "Words with blanks stand in double quotes. The end of the input closes the window.\n");
+        "Words with blanks go in double quotes. The end of the input closes the window.\n");
     command->callback([this] { action_ = [this] { return drive(); }; });
   }
 

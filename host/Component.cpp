@@ -35,7 +35,7 @@ fs::path registered() {
 
 [[noreturn]] void failUnusable(const fs::path& file, const std::string& why) {
   throw Failure(failure::noSuchObject, "The wizard's component \"" + file.string() + "\" can't be used: " + why +
-                                           ". Install the program anew, component and all.");
+                                           ". Install the program again, component and all.");
 }
 
 fs::path locate() {
@@ -44,7 +44,7 @@ fs::path locate() {
   fs::path elsewhere = registered();
   if (!elsewhere.empty() && fs::exists(elsewhere)) return elsewhere;
   throw Failure(failure::fileNotFound, "The wizard's component is missing: it is neither \"" + beside.string() +
-                                           "\" nor registered for you. Install the program anew, component and all.");
+                                           "\" nor registered for you. Install the program again, component and all.");
 }
 
 // The library stays loaded: it is part of the program from here on.
@@ -61,7 +61,7 @@ std::string hex(TarnelResult result) {
   return text.data();
 }
 
-// Asks an object, or what stands for one, for an interface.
+// Asks an object, or what is used as one, for an interface.
 template <class Interface, class Ask>
 Held<Interface> ask(const fs::path& file, Ask&& give) {
   void* object = nullptr;

@@ -8,8 +8,8 @@
 
 namespace tarnel::host {
 
-// A page of 2 to 2.5 cm margins, the date and the page number at its foot. A name that ends like a shorter one stands
-// behind it, because the reader takes the first match.
+// A page of 2 to 2.5 cm margins, the date and the page number at its foot. A name that ends like a shorter one comes
+// after it, because the reader takes the first match.
 inline constexpr const char* defaultPrintSettings =
     "PRINTER=\tCOPIES=1\tPAPER=\tTOP=2.5\tBOTTOM=2\tRIGHT=2\tLEFT=2\tHCOLOR=0\tHFONT=\tHSIZE=10\tHEADING=\tFCOLOR=0\t"
     "FFONT=\tFSIZE=8\tFLEFT=--Long Date--\tFRIGHT=Page Number\t";

@@ -22,7 +22,7 @@ class ErrorReport : public TarnelErrReport {
 
   void report(const FailureReport& failure) override;
 
-  // The first failure told, which those behind it mostly follow from; none when there was none.
+  // The first failure told, which those after it mostly follow from; none when there was none.
   const std::optional<FailureReport>& first() const { return first_; }
   // Whether that one could be written to the file.
   bool firstKept() const { return firstKept_; }

@@ -16,7 +16,7 @@ class OutlookTasksProject : public TarnelUtilities {
   OutlookTasksProject(ado::Provider& database, std::function<std::string()> newKey)
       : database_(database), newKey_(std::move(newKey)) {}
 
-  // makeOutlookProject: makes sure that the project stands; the texts say nothing. endOutlookProject: its tasks go to
+  // makeOutlookProject: makes sure that the project exists; the texts say nothing. endOutlookProject: its tasks go to
   // the project with the key `first` and the name `second`, and it ends; nothing happens when there is none.
   void run(Code code, const std::string& first, const std::string& second) override;
 

@@ -30,8 +30,8 @@ class ConnectionPoint final : public TarnelConnectionPoint {
   TarnelResult Advise(TarnelObject* sink, std::uint32_t* cookie) override;
   TarnelResult Unadvise(std::uint32_t cookie) override;
 
-  // Calls each sink that is still connected when its turn comes; `heard` runs behind each call. Failure when a sink
-  // fails or throws: its own words when it explained itself. The sinks behind it aren't called then.
+  // Calls each sink that is still connected when its turn comes; `heard` runs after each call. Failure when a sink
+  // fails or throws: its own words when it explained itself. The sinks after it aren't called then.
   void raise(std::int32_t event, std::vector<TarnelVariant> arguments = {}, const std::function<void()>& heard = {});
 
   // Whether a sink is being called.

@@ -16,7 +16,7 @@ struct ScriptStreams {
 // A desktop together with the streams that it needs.
 struct ScriptFace {
   explicit ScriptFace(std::shared_ptr<ScriptStreams> shared) : streams(std::move(shared)) {
-    streams->input.clear();  // more may have come behind an end
+    streams->input.clear();  // more may have come after an end
     streams->output.clear();
   }
   std::shared_ptr<ScriptStreams> streams;

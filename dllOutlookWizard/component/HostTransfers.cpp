@@ -98,7 +98,7 @@ bool markThoseOfTheDay(DaySchedules& schedules, Date day) {
   return any;
 }
 
-// The project comes into being behind the wizard's back, which read the projects when it opened.
+// The project is made without the wizard's knowledge, which read the projects when it opened.
 void makeSureOfOutlookProject() {
   platform().utilities.run(TarnelUtilities::Code::makeOutlookProject, productTitle, {});
   readOutlookProject();

@@ -2,7 +2,7 @@
 
 namespace tarnel {
 
-// The wizard's own transfers as hosts ask for them while a wizard stands, on lists of their own, so that what the user
+// The wizard's own transfers as hosts ask for them while a wizard is open, on lists of their own, so that what the user
 // sees in the wizard stays as it is. The user is told the counts, and of what stopped them; false then. Failures are
 // the database's.
 

@@ -15,7 +15,7 @@ class ProfileArgument {
   ProfileArgument& operator=(const ProfileArgument&) = delete;
 
   TarnelVariant& variant() { return variant_; }
-  // What stands there now; nothing counts as the empty text. Failure 13 when it is no text.
+  // What is there now; nothing counts as the empty text. Failure 13 when it is no text.
   std::string text() const;
 
  private:

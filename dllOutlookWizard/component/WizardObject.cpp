@@ -22,7 +22,7 @@
 namespace tarnel {
 namespace {
 
-// The object whose wizard stands on this thread: what a wizard needs is there once for each thread.
+// The object whose wizard is open on this thread: what a wizard needs is there once for each thread.
 thread_local const WizardObject* standing = nullptr;
 
 class Standing {
@@ -139,7 +139,7 @@ TarnelResult WizardObject::Setup(const TarnelBool* curDoingAppts, const TarnelTe
     const Call call{*curDoingAppts != TARNEL_NO, received(theTimeDisplay1), received(theTimeDisplay2),
                     received(theszConnect), received(CurDate)};
     if (standing) return TARNEL_BUSY;
-    const Standing stands(*this);
+    const Standing standing(*this);
     run(call);
     return TARNEL_OK;
   });

@@ -17,7 +17,7 @@
 
 namespace tarnel {
 
-// clsTarnelOutWizard behind the binary boundary, with all that a wizard needs around it: each Setup brings up the parts
+// clsTarnelOutWizard as hosts call it, with all that a wizard needs around it: each Setup brings up the parts
 // and the face, and takes them down again. A host that does nothing but call Setup gets a working wizard.
 class WizardObject final : public _clsTarnelOutWizard,
                            public TarnelConnectionPoints,

@@ -34,7 +34,7 @@ class CommandRecords : public Records {
   CommandRecords(const Module& module, OpenOperation getDataKEY, CommandLife commandLife)
       : Records(module), getDataKEY_(getDataKEY), commandLife_(commandLife) {}
 
-  // Called behind each open of m_rst.
+  // Called after each open of m_rst.
   virtual void recordsetOpened() {}
   void openMember(OpenOperation operation);
   // Failure 91 when the object has none yet.

@@ -18,7 +18,7 @@ enum class OpenOperation {
 };
 
 // How one of them opens: the recordset's properties before the open, what is passed to the open, and whether the
-// recordset stands alone afterwards.
+// recordset is detached afterwards.
 struct OpenMode {
   OpenOperation operation{};
   ado::CursorLocation location{};

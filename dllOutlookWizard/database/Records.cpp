@@ -29,8 +29,8 @@ Records::RecordsetPtr Records::opened(const std::string& statement, OpenOperatio
   return recordset;
 }
 
-bool Records::getAnew(RecordsetPtr& rst, RecordsetPtr& member, const std::string& statement, OpenOperation operation,
-                      std::string_view procedure) {
+bool Records::getAgain(RecordsetPtr& rst, RecordsetPtr& member, const std::string& statement, OpenOperation operation,
+                       std::string_view procedure) {
   rst.reset();
   return standardHandler<bool>(module_, procedure, [&](bool& result) {
     member = opened(statement, operation);

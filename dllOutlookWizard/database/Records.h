@@ -29,10 +29,10 @@ class Records {
   static void makeSureOfConnection();
   static RecordsetPtr opened(const std::string& statement, OpenOperation operation);
 
-  // Opens anew into `member` and hands it out. True when the recordset is open; after a failure, which is reported,
+  // Opens again into `member` and hands it out. True when the recordset is open; after a failure, which is reported,
   // false and an empty `rst`.
-  bool getAnew(RecordsetPtr& rst, RecordsetPtr& member, const std::string& statement, OpenOperation operation,
-               std::string_view procedure);
+  bool getAgain(RecordsetPtr& rst, RecordsetPtr& member, const std::string& statement, OpenOperation operation,
+                std::string_view procedure);
 
   const Module& module_;
   std::string sql_;

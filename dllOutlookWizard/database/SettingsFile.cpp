@@ -40,7 +40,7 @@ std::string SettingsFile::databasePath() const {
   if (!takeLineEnd(path, false) || !takeLineEnd(path, true))
     throw Failure(
         failure::invalidCall,
-        "Invalid procedure call or argument: no path stands between <DBLoc> and </DBLoc> in " + path_.string());
+        "Invalid procedure call or argument: there is no path between <DBLoc> and </DBLoc> in " + path_.string());
   return std::string(path);
 }
 

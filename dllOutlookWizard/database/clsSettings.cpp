@@ -3,7 +3,7 @@
 namespace tarnel {
 
 bool clsSettings::GetData(std::shared_ptr<ado::Recordset>& rst) {
-  return getAnew(rst, m_rst, sql_, OpenOperation::settingsGetData, "GetData");
+  return getAgain(rst, m_rst, sql_, OpenOperation::settingsGetData, "GetData");
 }
 
 }  // namespace tarnel

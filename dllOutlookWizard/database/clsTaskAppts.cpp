@@ -3,11 +3,11 @@
 namespace tarnel {
 
 bool clsTaskAppts::GetData(std::shared_ptr<ado::Recordset>& rst) {
-  return getAnew(rst, m_rst, sql_, OpenOperation::apptsGetData, "GetData");
+  return getAgain(rst, m_rst, sql_, OpenOperation::apptsGetData, "GetData");
 }
 
 bool clsTaskAppts::GetDataKEY(std::shared_ptr<ado::Recordset>& rst) {
-  return getAnew(rst, m_rstKey, sqlKey_, OpenOperation::apptsGetDataKEY, "GetDataKEY");
+  return getAgain(rst, m_rstKey, sqlKey_, OpenOperation::apptsGetDataKEY, "GetDataKEY");
 }
 
 }  // namespace tarnel

@@ -21,7 +21,7 @@ class clsTaskList : public CommandRecords {
 
   void RequeryRST() { requery("RequeryRST"); }
   void UpdateBatchRST();
-  // For the member "Recordset" opens anew, closing what is open, and hands it out; does nothing for any other.
+  // For the member "Recordset" opens again, closing what is open, and hands it out; does nothing for any other.
   void Class_GetDataMember(const std::string& DataMember, std::shared_ptr<ado::Recordset>& Data);
 
  private:

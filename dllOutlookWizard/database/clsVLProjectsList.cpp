@@ -3,7 +3,7 @@
 namespace tarnel {
 
 bool clsVLProjectsList::GetData(std::shared_ptr<ado::Recordset>& rst) {
-  return getAnew(rst, m_rst, sql_, OpenOperation::projectsGetData, "GetData");
+  return getAgain(rst, m_rst, sql_, OpenOperation::projectsGetData, "GetData");
 }
 
 }  // namespace tarnel

@@ -9,7 +9,7 @@ class clsVLProjectsList : public Records {
  public:
   clsVLProjectsList() : Records(modules::clsVLProjectsList) {}
 
-  // Opens a new recordset each time, which then stands alone: nothing can be written through it.
+  // Opens a new recordset each time, which is then detached: nothing can be written through it.
   bool GetData(std::shared_ptr<ado::Recordset>& rst);
 };
 

@@ -9,7 +9,7 @@
 
 namespace tarnel {
 
-// Prints or previews the topic that the browser shows. The steps stand in the order on which the editor control
+// Prints or previews the topic that the browser shows. The steps are in the order on which the editor control
 // relies; waiting events run between them.
 class HelpPrintJob {
  public:
@@ -26,7 +26,7 @@ class HelpPrintJob {
 
   HelpPrintJob(Kind kind, Parts parts) : kind_(kind), parts_(std::move(parts)) {}
 
-  // Asks first, and does nothing on No. The mouse pointer is back also behind a failure.
+  // Asks first, and does nothing on No. The mouse pointer is back also after a failure.
   void run();
 
  private:

@@ -23,7 +23,7 @@ struct HelpPrintSettings {
   std::string FRIGHT;
 
   // Reads the keys in the order in which the host writes them. A value that is not the number that it should be fails
-  // with 13 (6 out of range), naming key and value; the keys behind it then stay as they were.
+  // with 13 (6 out of range), naming key and value; the keys after it then stay as they were.
   void read(const CStringBag& bag);
 };
 

@@ -6,7 +6,7 @@ namespace tarnel {
 
 // A topic of the whole host's help, which callers know by its number alone.
 struct HelpTopic {
-  std::int32_t first;  // the numbers that stand for it, both included
+  std::int32_t first;  // the numbers that mean it, both included
   std::int32_t last;
   const char* file;  // in the help folder
   const char* title;

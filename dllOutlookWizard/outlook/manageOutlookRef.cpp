@@ -17,7 +17,7 @@ void logon() {
     outlookNameSpace().Logon();
 }
 
-// All steps run, also behind one that failed; a single failure fails the attempt.
+// All steps run, also after one that failed; a single failure fails the attempt.
 template <class GetApplication>
 bool attempt(GetApplication getApplication) {
   SessionState& state = session();

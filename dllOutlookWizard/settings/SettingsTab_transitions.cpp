@@ -23,7 +23,7 @@ struct SettingsTab::Transition {
     none,
     turnOn,            // connects and has the Outlook project made; on failure the integration stays off
     endProject,        // has the Outlook project's tasks moved to the one that the user chose
-    endOfferedProject  // the same where the user was asked; otherwise the events behind it are left out too
+    endOfferedProject  // the same where the user was asked; otherwise the events after it are left out too
   };
 
   std::int32_t from;

@@ -12,7 +12,7 @@ namespace tarnel {
 
 class frmOutWiz;
 
-// The wizard as its host sees it: one instance stands for one wizard window at a time. Everything happens on the
+// The wizard as its host sees it: one instance is one wizard window at a time. Everything happens on the
 // thread that made the instance; the host's handlers run inside Setup, and the wizard goes on when they return.
 class clsTarnelOutWizard {
  public:

@@ -1,7 +1,7 @@
 #include "StandardHandler.h"
 #include "frmOutWiz.h"
 
-// Where things stand on the form. All lengths in twips.
+// Where things are on the form. All lengths in twips.
 
 namespace tarnel {
 namespace {

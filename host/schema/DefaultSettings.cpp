@@ -14,7 +14,7 @@ struct Setting {
   const char* comment = "";
 };
 
-// Rows of one section stand together, in the order in which they are shown and read.
+// Rows of one section are together, in the order in which they are shown and read.
 constexpr Setting settings[] = {
     {importanceLevel, "Importance0", "Very low"},
     {importanceLevel, "Importance1", "Low"},

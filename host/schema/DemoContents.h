@@ -33,7 +33,7 @@ struct DemoTask {
   int minutesScheduled = 0;  // of all its appointments together
   int points = 0;
   bool hasChecklist = false;
-  bool linked = false;  // stands in the demo mailbox too
+  bool linked = false;  // is in the demo mailbox too
   std::vector<std::string> keywords;
 };
 
@@ -42,7 +42,7 @@ struct DemoAppointment {
   std::size_t task = 0;  // place in DemoContents::tasks
   Date start;
   Date end;
-  bool linked = false;  // stands in the demo mailbox too
+  bool linked = false;  // is in the demo mailbox too
 };
 
 struct DemoContents {

@@ -4,7 +4,7 @@ namespace tarnel::host {
 namespace {
 
 // Text compares without regard to case, as the task database's users are used to. A DATETIME column holds ISO text, a
-// BOOLEAN one 0 or 1. A new row stands for an open task that nobody has worked on: its defaults are not Null where the
+// BOOLEAN one 0 or 1. A new row is an open task that nobody has worked on: its defaults are not Null where the
 // lists turn a column into text. What Null means differs from empty in the two link marks alone.
 constexpr const char* tables = R"sql(
 CREATE TABLE TASKS (

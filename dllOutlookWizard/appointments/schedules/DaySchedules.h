@@ -32,9 +32,9 @@ class DaySchedules {
   // Puts both on the form's day; their rows stay.
   void showFormDate();
 
-  // Reads Task Appointments; `mode` and `wholeWeek` as dayQuery takes them. False behind a reported failure.
+  // Reads Task Appointments; `mode` and `wholeWeek` as dayQuery takes them. False after a reported failure.
   bool GetAppts(std::string_view mode, bool wholeWeek);
-  // Fills the Tarnel side from the records. False behind a reported failure, which names the row.
+  // Fills the Tarnel side from the records. False after a reported failure, which names the row.
   bool DisplayTaskAppts();
   // Fills the Outlook side with the calendar of the days, and adds what is not a copy of ours to `ctControl`. False,
   // and told, when Outlook is out of reach: nothing is touched then. False without a word when the walk failed: the

@@ -11,7 +11,7 @@ constexpr int tarnelIndex = 0;
 
 void DaySchedules::ctDaySked_AppPreSelect(int index, std::int16_t appIndex) {
   standardHandler(modules::frmOutWiz, "ctDaySked_AppPreSelect", [&] {
-    // What belongs to Outlook stands on the Tarnel side to be seen, not to be worked on.
+    // What belongs to Outlook is on the Tarnel side to be seen, not to be worked on.
     if (index == tarnelIndex && tarnelSide.AppOwnerImage(appIndex) == apptPicture::outlook) tarnelSide.AppDeselect();
   });
 }

@@ -117,7 +117,7 @@ bool DaySchedules::GetDisplayOutlookAppts(ctMDay& ctControl, Date dStart, Date d
   std::optional<Hourglass> hourglass(std::in_place);
   // No hourglass over a box that waits for its reader.
   if (!attachOrTell([&] { hourglass.reset(); })) return false;
-  if (theTaskApptRows != records) {  // waiting events chose a day, which stands on both sides already
+  if (theTaskApptRows != records) {  // waiting events chose a day, which is on both sides already
     releaseOutlook();
     return true;
   }

@@ -10,7 +10,7 @@ namespace outlook {
 class AppointmentItem;
 }
 
-// Where an appointment stands on a schedule: minutes from midnight and a whole day number, as ctMDay takes them.
+// Where an appointment is on a schedule: minutes from midnight and a whole day number, as ctMDay takes them.
 struct RowTimes {
   std::int16_t start = 0;
   std::int16_t end = 0;
@@ -21,7 +21,7 @@ struct RowTimes {
   friend bool operator==(const RowTimes&, const RowTimes&) = default;
 };
 
-// Start and end each count from the midnight of their own day; the date is the end's. So what ends at midnight stands
+// Start and end each count from the midnight of their own day; the date is the end's. So what ends at midnight is
 // with the end minute 0 on the next day, which it does not touch. What ends before its start touches the start's alone.
 RowTimes rowTimes(Date start, Date end);
 

@@ -6,7 +6,7 @@
 
 namespace tarnel {
 
-// The commands that act on the marked rows of a schedule and on both sides of the link. Each attaches to Outlook anew,
+// The commands that act on the marked rows of a schedule and on both sides of the link. Each attaches to Outlook again,
 // writes row by row, and lets go of Outlook at its end. True when the run came to its end; false when the user, Outlook
 // out of reach or a reported failure stopped it; what was written before stays.
 

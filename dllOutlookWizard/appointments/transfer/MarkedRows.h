@@ -19,7 +19,7 @@ struct MarkedRows {
 // Calls back for each marked row from the last one up, so that `act` may remove its row, and shows how far the run is.
 void forEachMarkedRow(const ctMDay& schedule, const std::function<void(std::int16_t index)>& act);
 
-// Removes the row if it still bears the tag: events that ran meanwhile may have filled the schedule anew.
+// Removes the row if it still bears the tag: events that ran meanwhile may have filled the schedule again.
 void removeRow(ctMDay& schedule, std::int16_t index, const std::string& tag);
 
 }  // namespace tarnel

@@ -38,9 +38,9 @@ typedef int32_t TarnelResult;
 #define TARNEL_CANT_CONNECT ((TarnelResult)0x80040202u)   /* the sink takes no events of this class */
 #define TARNEL_NOT_REGISTERED ((TarnelResult)0x80040201u) /* the user's registry can't be written */
 #define TARNEL_WRONG_THREAD ((TarnelResult)0x8001010Eu)
-#define TARNEL_BUSY ((TarnelResult)0x8001010Au) /* not while a wizard stands on this thread */
-#define TARNEL_NO_WIZARD                                                                      \
-  ((TarnelResult)0x8000FFFFu) /* only from within an event, while this object's wizard stands \
+#define TARNEL_BUSY ((TarnelResult)0x8001010Au) /* not while a wizard is open on this thread */
+#define TARNEL_NO_WIZARD                                                                       \
+  ((TarnelResult)0x8000FFFFu) /* only from within an event, while this object's wizard is open \
                                */
 #define TARNEL_FAILED ((TarnelResult)0x80004005u)
 /* A failure with a number of its own, 1 to 65535, such as 53 when no screen can be reached. */
@@ -61,7 +61,7 @@ typedef struct TarnelGuid {
 } TarnelGuid;
 
 /*
- * A text in UTF-8 without null characters; `length` counts bytes, and no null need stand behind them. An argument is
+ * A text in UTF-8 without null characters; `length` counts bytes, and no null need follow them. An argument is
  * the caller's and is read during the call. A text that is handed back, or that the other side may replace, is
  * malloc's: who takes it, or puts another in its place, frees it. The empty text may have no bytes at all.
  */
@@ -178,12 +178,12 @@ enum {
    * The user pressed the update button, before any transition runs. Three arguments: newTask and newAppt, TARNEL_INT32
    * by reference, 0 to 3, and newProfile, TARNEL_VARIANT by reference to a TARNEL_TEXT, the name as the settings hold
    * it. The text that a handler puts into newProfile becomes the wizard's profile. The modes only tell: the wizard reads
-   * them off its settings anew, and another number in their place reaches the sinks behind and nobody else.
+   * them off its settings again, and another number in their place reaches the later sinks and nobody else.
    */
   TARNEL_UPDATE_OUTLOOK_SETTINGS = 7
 };
 
-/* The host implements this one. `arguments` stand in the order in which they are described above. */
+/* The host implements this one. `arguments` are in the order in which they are described above. */
 TARNEL_INTERFACE(__clsTarnelOutWizard)
   TARNEL_OPERATION_WITH(__clsTarnelOutWizard, Invoke, int32_t event, TarnelVariant* arguments, uint32_t count)
 TARNEL_END(__clsTarnelOutWizard)
@@ -212,7 +212,7 @@ TARNEL_INTERFACE(_clsTarnelOutWizard)
    * the task database: "Provider=Tarnel.Database;Data Source=\"/path/to/tasks.db\";". `CurDate` is the day to show;
    * null, or a day up to 1000, means today, and 9999-12-31 is refused: TARNEL_INVALID_ARGUMENT. Pass a whole number:
    * with a time of day the Task Appointments before that time are not shown, until the user chooses a day. TARNEL_BUSY
-   * while a wizard stands on this thread. A failure that ends the wizard is told to the user and is none of this call:
+   * while a wizard is open on this thread. A failure that ends the wizard is told to the user and is none of this call:
    * see FirstFailure.
    */
   TARNEL_OPERATION_WITH(_clsTarnelOutWizard, Setup, const TarnelBool* curDoingAppts, const TarnelText* theTimeDisplay1,
@@ -221,7 +221,7 @@ TARNEL_END(_clsTarnelOutWizard)
 
 /* What an object of the class can do beyond that, for hosts that want it. None of it is needed. */
 TARNEL_INTERFACE(TarnelWizardControl)
-  /* How the next wizards show themselves: TARNEL_BUSY for these while one stands. A window is what they are without. */
+  /* How the next wizards show themselves: TARNEL_BUSY for these while one is open. A window is what they are without. */
   TARNEL_OPERATION(TarnelWizardControl, UseWindow)
   /*
    * No screen: commands, one a line, from one file descriptor; facts, one JSON object a line, to another. The end of

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t\r";
 
-// Takes the word behind an opening quote and its closing quote off the front.
+// Takes the word after an opening quote and its closing quote off the front.
 std::optional<std::string> takeQuoted(std::string_view& line) {
   std::string word;
   for (std::size_t i = 0; i < line.size(); ++i) {

@@ -8,7 +8,7 @@
 
 namespace tarnel::script {
 
-// What a form and its controls hold, as the facts tell it; the names stand in the order in which they are written.
+// What a form and its controls hold, as the facts tell it; the names are in the order in which they are written.
 using Json = nlohmann::ordered_json;
 
 Json itemFacts(const SmartUI& control);

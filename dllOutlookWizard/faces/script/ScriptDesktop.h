@@ -19,7 +19,7 @@ namespace tarnel::script {
 
 // A desktop without a screen: reads what a user does as commands, one a line, and writes what a user would see as
 // facts, one JSON object a line, in the order in which things happen. Each command ends in one "reply" or "error"
-// line, behind the facts that it caused; a command that can't be carried out changes nothing. The commands go to the
+// line, after the facts that it caused; a command that can't be carried out changes nothing. The commands go to the
 // form that was shown last. Progress and waiting events say nothing.
 class ScriptDesktop : public Desktop {
  public:

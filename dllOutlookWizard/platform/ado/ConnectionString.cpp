@@ -20,7 +20,7 @@ std::string_view trimmed(std::string_view text) {
 
 bool isDoubled(std::string_view text, std::size_t at) { return at + 1 < text.size() && text[at + 1] == text[at]; }
 
-// Takes the value off the front of `rest`, up to the ";" behind it or the end.
+// Takes the value off the front of `rest`, up to the ";" after it or the end.
 std::string takeValue(std::string_view text, std::string_view& rest) {
   rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
   if (!rest.starts_with('"') && !rest.starts_with('\'')) {
@@ -38,7 +38,7 @@ std::string takeValue(std::string_view text, std::string_view& rest) {
   if (at >= rest.size()) failUnreadable(text, "a quoted value isn't closed");
   rest.remove_prefix(at + 1);
   rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
-  if (!rest.empty() && rest.front() != ';') failUnreadable(text, "text stands behind a quoted value");
+  if (!rest.empty() && rest.front() != ';') failUnreadable(text, "text follows a quoted value");
   return value;
 }
 

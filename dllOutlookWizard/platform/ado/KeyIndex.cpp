@@ -24,10 +24,10 @@ void KeyIndex::setChains(std::size_t count) {
   for (Number at : old)
     while (at != none) {
       Number& first = first_[chainOf(entries_[at].hash)];
-      const Number behind = entries_[at].next;
+      const Number following = entries_[at].next;
       entries_[at].next = first;
       first = at;
-      at = behind;
+      at = following;
     }
 }
 
@@ -37,7 +37,7 @@ void KeyIndex::add(const Variant& value, std::size_t row) {
   if (free_ == none && entries_.size() >= first_.size()) setChains(std::max<std::size_t>(16, first_.size() * 2));
   const Number key = hash(value);
   Number& first = first_[chainOf(key)];
-  const Number behind = first;
+  const Number following = first;
   if (free_ != none) {
     first = free_;
     free_ = entries_[free_].next;
@@ -45,7 +45,7 @@ void KeyIndex::add(const Variant& value, std::size_t row) {
     first = static_cast<Number>(entries_.size());
     entries_.emplace_back();
   }
-  entries_[first] = {key, static_cast<Number>(row), behind};
+  entries_[first] = {key, static_cast<Number>(row), following};
 }
 
 void KeyIndex::remove(const Variant& value, std::size_t row) {

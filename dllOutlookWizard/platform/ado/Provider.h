@@ -49,7 +49,7 @@ struct Identity {
   std::vector<Variant> keys;  // by Result::keyColumns
 };
 
-// One row's pending change. A column stands in `values` when it was set; `original` holds what the same columns held
+// One row's pending change. `values` has the columns that were set; `original` holds what the same columns held
 // when they were read.
 struct Change {
   enum class Kind { insert, update };
@@ -78,7 +78,7 @@ class Session {
   // Writes all changes to the result's table in one transaction, all or none. A row that another one has changed in a
   // column that is written, or removed, since it was read: failure::writeConflict.
   virtual std::vector<Written> write(const Result& shape, const std::vector<Change>& changes) = 0;
-  // Reads these rows of the result's table anew, in their order; none for a row that is gone.
+  // Reads these rows of the result's table again, in their order; none for a row that is gone.
   virtual std::vector<std::optional<Row>> reread(const Result& shape, const std::vector<Identity>& rows) = 0;
 };
 

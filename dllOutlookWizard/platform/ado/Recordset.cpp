@@ -21,7 +21,7 @@ struct Recordset::Impl {
   RowFilter filter;
   SortOrder sort;
   RowView view;
-  std::size_t position = 0;  // into the view; its size stands for the end
+  std::size_t position = 0;  // into the view; its size means the end
 
   void mustBeOpen() const {
     if (!isOpen) throw Failure(failure::objectClosed, "Operation is not allowed when the object is closed.");

@@ -18,7 +18,7 @@ class Field {
   const std::string& Name() const;
   // Valid until the cursor moves or the row changes. Failure 3021 when there is no current row.
   const Variant& Value() const;
-  // Sets the value in the row's copy; the database has it behind Update (optimistic or pessimistic) or UpdateBatch.
+  // Sets the value in the row's copy; the database has it after Update (optimistic or pessimistic) or UpdateBatch.
   // The value is kept as its column holds it, by the rules of Conversions.h, and other columns of the same origin
   // follow. Failure 3251 on a read-only recordset or result, 3021 without a current row, 13 or 6 for a value that
   // doesn't fit.
@@ -47,7 +47,7 @@ class Recordset {
   CursorType cursorType() const;
   LockType lockType() const;
 
-  // Runs the statement and stands on the first row, or at both ends when there is none. What is passed as unspecified
+  // Runs the statement and moves to the first row, or to both ends when there is none. What is passed as unspecified
   // stays as the properties say. An empty connection string is failure 3709.
   void Open(Provider& provider, std::string statement, const std::string& connectionString,
             CursorType type = CursorType::unspecified, LockType lock = LockType::unspecified,
@@ -58,7 +58,7 @@ class Recordset {
   void Close();
   State state() const;
 
-  // Where the cursor stands. An empty recordset stands at both ends.
+  // Where the cursor is. An empty recordset is at both ends.
   bool atBOF() const;
   bool atEOF() const;
   std::int32_t RecordCount() const;
@@ -66,11 +66,11 @@ class Recordset {
   std::int32_t AbsolutePosition() const;
   // Failure 3021 on an empty recordset.
   void MoveFirst();
-  // Failure 3021 when it stands behind the last row already. Moving off a row ends its editing as Update does.
+  // Failure 3021 when it is past the last row already. Moving off a row ends its editing as Update does.
   void MoveNext();
   // Moves to the first row, from the first on, whose `column` equals `value`, case ignored but in keys; Null equals
   // nothing.
-  // None: stands at EOF. Failure 3265 when there is no such column.
+  // None: moves to EOF. Failure 3265 when there is no such column.
   void Find(std::string_view column, const Variant& value);
 
   // Columns are named without regard to case; of two with one name the first is meant. Failure 3265 when there is none.
@@ -90,19 +90,19 @@ class Recordset {
   // or is at EOF where that one is gone.
   void CancelBatch();
 
-  // Runs the statement again and stands on the first row; what was pending is dropped, filter and sort stay. `options`
+  // Runs the statement again and moves to the first row; what was pending is dropped, filter and sort stay. `options`
   // is -1.
   void Requery(std::int32_t options = -1);
-  // Reads the rows that are there anew from the database, in their places. A row that has gone there keeps its values
+  // Reads the rows that are there again from the database, in their places. A row that has gone there keeps its values
   // and fails at its next write. What was set and not written is dropped with `all` and kept with `underlying`; new
   // rows stay pending. Failure 3251 where rows can't be told in the database.
   void Resync(Affect affect = Affect::all, ResyncValues values = ResyncValues::all);
 
-  // "column [ASC|DESC][, ...]"; empty for the statement's own order. Stands on the first row afterwards. Like the
+  // "column [ASC|DESC][, ...]"; empty for the statement's own order. Moves to the first row. Like the
   // filter it is worked out here and at Requery: a value that is set later moves no row, and a new row is the last.
   void setSort(std::string_view columns);
   // "column operator value [AND ...]", texts in single quotes, dates between "#"; empty for none. Rows that do not
-  // match are passed over by everything. Stands on the first row afterwards. Failure 3001 for a text that can't be
+  // match are passed over by everything. Moves to the first row. Failure 3001 for a text that can't be
   // read.
   void setFilter(std::string_view criterion);
 

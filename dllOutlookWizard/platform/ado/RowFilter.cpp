@@ -16,7 +16,7 @@ namespace {
   throw Failure(failure::invalidArgument, "Filter can't be read: " + std::string(text));
 }
 
-// The token at `at`, with a sign joined to the number behind it.
+// The token at `at`, with a sign joined to the number after it.
 Token takeValue(const std::vector<Token>& tokens, std::size_t& at) {
   const Token& first = tokens[at++];
   if (!first.isSymbol("-") || at == tokens.size() || tokens[at].kind != TokenKind::number) return first;

@@ -34,7 +34,7 @@ class RowStore {
 
   // Sets a value as its column holds it and makes the row pending. Columns of one origin change together.
   void set(std::size_t row, std::size_t column, const Variant& value);
-  // A new pending row behind the others, all Null; its number.
+  // A new pending row after the others, all Null; its number.
   std::size_t append();
 
   // Rows whose `column` equals `value`, case ignored but in keys, in no order. The first question about a column builds

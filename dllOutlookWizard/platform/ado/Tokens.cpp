@@ -74,7 +74,7 @@ class Scanner {
     add(TokenKind::word, length);
   }
 
-  // A point behind a name divides table and column.
+  // A point after a name divides table and column.
   bool startsNumber() const {
     if (isDigit(peek(0))) return true;
     const bool afterName =

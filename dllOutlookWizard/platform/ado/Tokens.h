@@ -11,7 +11,7 @@ namespace tarnel::ado {
 
 enum class TokenKind { word, quotedName, text, number, date, symbol };
 
-// A piece of a statement, a filter or a sort order. `text` is what stands between the delimiters, doubled quotes made
+// A piece of a statement, a filter or a sort order. `text` is what is between the delimiters, doubled quotes made
 // single; for a word, a number and a symbol it is the piece as written.
 struct Token {
   TokenKind kind = TokenKind::symbol;
@@ -22,7 +22,7 @@ struct Token {
 };
 
 // Splits by Jet's lexical rules: texts in single or double quotes, names in brackets, dates between "#". A literal
-// needs no blank behind it. Failure `failureNumber` when a delimiter isn't closed.
+// needs no blank after it. Failure `failureNumber` when a delimiter isn't closed.
 std::vector<Token> tokenize(std::string_view text, std::int32_t failureNumber);
 
 // The value of a literal: text, number or date, the words TRUE, FALSE and NULL. Failure `failureNumber` for a token

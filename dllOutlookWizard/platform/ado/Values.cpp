@@ -19,7 +19,7 @@ Rank rankOf(const Variant& value) {
   return value.is<Bytes>() ? Rank::bytes : Rank::number;
 }
 
-// Small letters stand for both cases, so that signs between "Z" and "a" sort as the engine sorts them.
+// Both cases compare as small letters, so that signs between "Z" and "a" sort as the engine sorts them.
 unsigned char folded(char c) { return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); }
 
 std::weak_ordering compareTexts(const std::string& left, const std::string& right) {

@@ -10,7 +10,7 @@ namespace tarnel {
 // page for people is; each names the file.
 std::string readHtmlFile(const std::filesystem::path& file);
 
-// `text` as it must stand in HTML to be read as it is.
+// `text` as it must be written in HTML to be read as it is.
 std::string htmlText(std::string_view text);
 
 }  // namespace tarnel

@@ -15,8 +15,8 @@ struct PageLocation {
   friend bool operator==(const PageLocation&, const PageLocation&) = default;
 };
 
-// Where a link leads that stands on the page `from`. None when it does not lead to an HTML page that lies directly in
-// `folder`, whatever links of the file system stand on the way; whether the page is there is not asked.
+// Where a link on the page `from` leads. None when it does not lead to an HTML page that lies directly in
+// `folder`, whatever links of the file system are on the way; whether the page is there is not asked.
 std::optional<PageLocation> resolveLink(std::string_view url, const std::filesystem::path& from,
                                         const std::filesystem::path& folder);
 

@@ -24,7 +24,7 @@ class SSResizer : public Control {
   // Watches a control or the inside of a form; one at a time.
   void attach(Control& container);
   void attach(Form& form);
-  // Distances are taken as they stand now. Both must outlive the resizer.
+  // Distances are taken as they are now. Both must outlive the resizer.
   void anchor(Control& control, Anchors anchors);
   // False: from now on this resizer only reports. Meant for a BeforeResize handler.
   void setRepositioning(bool on) { repositioning_ = on; }

@@ -13,7 +13,7 @@ namespace tarnel {
 // the output that a face installed. A job runs from SetPageText to FinishDocument.
 class SpellEditor : public Control {
  public:
-  // What stands above and below the text, as templates with the marks of footerParts.
+  // What is printed above and below the text, as templates with the marks of footerParts.
   struct PageText {
     std::string firstHeader;
     std::string firstFooter;
@@ -68,7 +68,7 @@ class SpellEditor : public Control {
   const EditorState& editorState() const { return state_; }
   const std::filesystem::path& htmlimgdir() const { return document_.imageFolder; }
 
-  // Each operation by its name, behind it, in the order of calling.
+  // Each operation by its name, after it ran, in the order of calling.
   Signal<std::string_view> called;
   // While a job is on its way to paper: `done` of `total`.
   Signal<int, int> progress;

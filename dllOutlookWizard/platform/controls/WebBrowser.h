@@ -34,20 +34,20 @@ class WebBrowser : public Control {
   std::string LocationName() const;
   // Without a file before the first page.
   PageLocation location() const { return history_.empty() ? PageLocation{} : history_.back(); }
-  // The page as it stands in its file, or a page that says why it can't be shown; empty before the first page.
+  // The page as it is in its file, or a page that says why it can't be shown; empty before the first page.
   std::string html() const;
 
   // What a user does: shows where a link of the page leads. A link that leads to no page of the folder changes nothing
   // and raises linkRefused.
   void followLink(std::string_view url);
 
-  // Behind each change of the location.
+  // After each change of the location.
   Signal<> navigated;
   Signal<const std::string&> linkRefused;
 
  private:
   std::filesystem::path folder_;
-  std::vector<PageLocation> history_;  // the page shown stands last
+  std::vector<PageLocation> history_;  // the page shown is last
 };
 
 }  // namespace tarnel

@@ -21,7 +21,7 @@ class ctMDay : public Control {
     std::int16_t start = 0;
     std::int16_t end = 0;
     std::int32_t date = 0;
-    std::int32_t firstDay = 0;  // the days that it stands on, both included
+    std::int32_t firstDay = 0;  // the days that it is on, both included
     std::int32_t lastDay = 0;
     std::string text;
     std::string key;
@@ -40,11 +40,11 @@ class ctMDay : public Control {
 
   void AppClear();
   bool isFull() const { return AppCount() == mostAppointments; }
-  // Appends; the new appointment's index is the count behind it. It stands on `date` alone until AppDays are set.
+  // Appends; the new appointment's index is the count after it. It is on `date` alone until AppDays are set.
   // Failure 6 when the schedule is full.
   std::int16_t AppAdd(std::int16_t start, std::int16_t end, std::int32_t date, std::string text, std::string key);
   std::int16_t AppCount() const { return static_cast<std::int16_t>(appointments_.size()); }
-  // Those behind it move down by one.
+  // Those after it move down by one.
   void AppRemove(std::int16_t index);
   const Appointment& appointment(std::int16_t index) const { return appointments_[offset(index)]; }
 

@@ -51,7 +51,7 @@ class Control {
   bool Enabled() const { return enabled_; }
   void setEnabled(bool enabled);
 
-  // Puts this control into `container`, behind those that are there. A container must outlive its contents or lose
+  // Puts this control into `container`, after those that are there. A container must outlive its contents or lose
   // them first.
   void setContainer(Control& container);
   Control* container() const { return container_; }
@@ -63,7 +63,7 @@ class Control {
   const std::string& ToolTipText() const { return toolTip_; }
   void setToolTipText(std::string text) { toolTip_ = std::move(text); }
 
-  // Raised behind the change, only by a change.
+  // Raised after the change, only by a change.
   Signal<> placementChanged;
   Signal<> visibleChanged;
   Signal<> enabledChanged;

@@ -52,7 +52,7 @@ std::int32_t minutesBetween(Date from, Date to);
 
 // "2026-11-19 08:30:00", years 0100 to 9999.
 std::string isoText(Date date);
-// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" after it, of these years. Behind the seconds there
+// Reads "YYYY-MM-DD", optionally with " HH:MM[:SS]" or "THH:MM[:SS]" after it, of these years. After the seconds there
 // may be a fraction, which is cut off. A time that ends with "Z" or its distance from UTC, "+HH:MM", is told in the
 // machine's zone. None for any other text.
 std::optional<Date> parseIsoDate(std::string_view text);

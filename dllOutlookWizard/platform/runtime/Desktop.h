@@ -37,7 +37,7 @@ struct FailureReport {
   std::string keptIn{};
 };
 
-// The person's side of the program: a screen with keyboard and mouse, or what stands for it. One for a thread.
+// The person's side of the program: a screen with keyboard and mouse, or what takes their place. One for a thread.
 class Desktop {
  public:
   virtual ~Desktop() = default;
@@ -52,7 +52,7 @@ class Desktop {
   virtual void runModal(Form& form) = 0;
   virtual void setMousePointer(MousePointer pointer) = 0;
   virtual MousePointer mousePointer() const = 0;
-  // `done` of `total` steps of a long run are behind; `done` equal to `total` ends the showing.
+  // `done` of `total` steps of a long run are done; `done` equal to `total` ends the showing.
   virtual void progress(int done, int total) = 0;
 };
 

@@ -9,13 +9,13 @@ namespace tarnel {
 
 struct RegistryFile;
 
-// A registry in one text file. Each operation reads the file anew, so that programs side by side see one another's
+// A registry in one text file. Each operation reads the file again, so that programs side by side see one another's
 // keys; a write replaces the whole file, so that there is never half a one, and waits for the writes of others, by a
 // lock file beside it. A missing file is an empty registry. Value names are compared without regard to case, as keys
 // are.
 //
-// The file: a first line that names its kind, then one line an entry, its fields parted by tabs: "key PATH", and behind
-// the key its values, "text NAME VALUE", "number NAME VALUE" and "bytes NAME HEX". In a field "\\" stands for a
+// The file: a first line that names its kind, then one line an entry, its fields parted by tabs: "key PATH", and after
+// the key its values, "text NAME VALUE", "number NAME VALUE" and "bytes NAME HEX". In a field "\\" is a
 // backslash, "\t", "\n" and "\r" for the tab and the line ends.
 //
 // A file that can't be read so is failure 75 in every operation, naming the file and, where one is wrong, the line; it

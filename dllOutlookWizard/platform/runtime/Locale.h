@@ -35,7 +35,7 @@ class Locale {
   // Short date, one blank, long time; the date alone at midnight.
   std::string generalDate(Date date) const;
 
-  // Reads what shortDate writes, optionally with a time behind it: "HH:MM[:SS]", optionally with " AM" or " PM".
+  // Reads what shortDate writes, optionally with a time after it: "HH:MM[:SS]", optionally with " AM" or " PM".
   // None for any other text.
   std::optional<Date> parseDate(std::string_view text) const;
 

@@ -9,7 +9,7 @@
 
 namespace tarnel {
 
-// The contents of a FileRegistry's file: keys with their whole paths, a key behind the one that it lies in.
+// The contents of a FileRegistry's file: keys with their whole paths, a key after the one that it lies in.
 struct RegistryFile {
   struct Value {
     std::string name;

@@ -18,7 +18,7 @@ struct Null {
 using Bytes = std::vector<std::uint8_t>;
 
 // A value that carries its type along, as database columns, properties and control values do. A fresh one is empty,
-// which is neither Null nor an empty text. Equality is by type and value; how one type turns into another stands in
+// which is neither Null nor an empty text. Equality is by type and value; how one type turns into another is in
 // Conversions.h.
 class Variant {
  public:

@@ -35,11 +35,11 @@ class TaskLists {
   SmartUI tarnelList;   // smtTaskList(0)
   SmartUI outlookList;  // smtTaskList(1)
 
-  // The records of the last fill or transfer. Behind a fill just those that the Tarnel list shows.
+  // The records of the last fill or transfer. After a fill just those that the Tarnel list shows.
   std::shared_ptr<clsTaskList> theTaskData;
   std::shared_ptr<ado::Recordset> theTaskRows;
 
-  // theTaskRows for those who go on with it: failure 91 where there is none, as behind a failure that took the form
+  // theTaskRows for those who go on with it: failure 91 where there is none, as after a failure that took the form
   // away. The caller's share keeps the records alive while waiting events run, which may put others in their place.
   std::shared_ptr<ado::Recordset> taskRows() const;
 
@@ -51,9 +51,9 @@ class TaskLists {
   const std::string& pickCode() const { return smtSkedPickTasks.Items().Item(taskPickKey).Tag(); }
   const std::string& sortCode() const { return smtSkedPickTasks.Items().Item(sortPickKey).Tag(); }
 
-  // Fills the list from the database. False behind a reported failure; the rows added before it stay.
+  // Fills the list from the database. False after a reported failure; the rows added before it stay.
   bool GetTarnelTasks(const std::string& sortCode, const std::string& pickCode, SmartUI& list);
-  // The same for the Tarnel list, as the picker stands.
+  // The same for the Tarnel list, as the picker is set.
   bool refillTarnelList() { return GetTarnelTasks(sortCode(), pickCode(), tarnelList); }
   // Fills the Outlook list with the first 2000 open tasks. False, and told, when Outlook is out of reach. Other
   // failures go to the caller.

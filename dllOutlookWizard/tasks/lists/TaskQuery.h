@@ -10,7 +10,7 @@ inline constexpr std::string_view currentTasksPick = "T00";
 // Whether the code is one of the four picks that are always there, and no project's key.
 bool isFixedPick(std::string_view pickCode);
 
-// The statement behind the Tarnel list, in Jet's SQL. `sortCode` is one of "D00" to "D36", any other gives no order;
+// The statement of the Tarnel list, in Jet's SQL. `sortCode` is one of "D00" to "D36", any other gives no order;
 // `pickCode` is one of "T00" to "T03", any other is a project's key.
 std::string taskQuery(std::string_view sortCode, std::string_view pickCode, bool withCompleted);
 

@@ -9,7 +9,7 @@ namespace tarnel {
 int countCheckedRows(SmartUI& list);
 
 // Calls `act` for each row that is checked when its turn comes, in list order, and shows how far the run is. `act` may
-// remove its row, and where it lets events run the user may change checks or fill the list anew.
+// remove its row, and where it lets events run the user may change checks or fill the list again.
 void forEachCheckedRow(SmartUI& list, const std::function<void(SmartItem& row)>& act);
 
 }  // namespace tarnel

@@ -34,7 +34,7 @@ class OutlookRowRun {
     const std::string key = row.Key();
     const bool isLinked = row.Picture() == rowPicture::tarnel;
     row.setChecked(false);
-    letEventsRunAttached();  // may fill the list anew: the row itself is not to be touched any more
+    letEventsRunAttached();  // may fill the list again: the row itself is not to be touched any more
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);
     outlookAnswered_ = true;
     const auto item = outlookNameSpace().GetItemFromID(entryId, folder->StoreID());

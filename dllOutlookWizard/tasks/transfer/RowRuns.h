@@ -16,7 +16,7 @@ struct OutlookRowSteps {
 };
 
 // Runs over the checked rows of the Outlook list; a row whose item was changed leaves the list, both lists are filled
-// anew at the end. Once an item could be asked for, a failure on a row passes on to the next one without a word.
+// again at the end. Once an item could be asked for, a failure on a row passes on to the next one without a word.
 void runOverOutlookRows(TaskLists& lists, const OutlookRowSteps& steps);
 
 // What the row's tag says of its link, as it was when the list was filled.
@@ -31,8 +31,8 @@ struct TarnelRowSteps {
 };
 
 // Runs over the checked rows of the Tarnel list with the whole of TASKS open: `changeItem` for every live item that
-// bears the task's GUID, whose row then leaves the Outlook list, and `changeTask` behind that for each row. Completes
-// the items first: status, and the minutes that the row's tag holds. The Tarnel list is filled anew at the end.
+// bears the task's GUID, whose row then leaves the Outlook list, and `changeTask` after that for each row. Completes
+// the items first: status, and the minutes that the row's tag holds. The Tarnel list is filled again at the end.
 void runOverTarnelRows(TaskLists& lists, const TarnelRowSteps& steps);
 
 }  // namespace tarnel

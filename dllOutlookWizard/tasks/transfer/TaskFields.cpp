@@ -21,7 +21,7 @@ constexpr std::array<TaskStatus, 4> statusOfTask{TaskStatus::complete, TaskStatu
 constexpr std::array<Importance, 5> importanceOfTask{Importance::low, Importance::low, Importance::normal,
                                                      Importance::high, Importance::high};
 constexpr Date firstUsableDeadline{1};
-constexpr Date firstUnusableDueDate{219513};  // 2501-01-01: what lies behind means no date, or none that counts
+constexpr Date firstUnusableDueDate{219513};  // 2501-01-01: a later one means no date, or none that counts
 constexpr std::int32_t minutesNeededAtLeast = 10;
 
 template <class T, std::size_t Count>

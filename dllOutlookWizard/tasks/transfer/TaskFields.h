@@ -12,7 +12,7 @@ namespace tarnel {
 void writeTaskToItem(ado::Recordset& task, outlook::TaskItem& item);
 
 enum class TaskRow { existing, fresh };
-// Item to current row, unwritten: the fields, then points and the time of the change. Notes are added behind those of
+// Item to current row, unwritten: the fields, then points and the time of the change. Notes are added after those of
 // an existing row and set in a fresh one.
 void writeItemToTask(outlook::SafeTaskItem& wrapper, ado::Recordset& task, TaskRow kind);
 

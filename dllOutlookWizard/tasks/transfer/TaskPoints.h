@@ -6,7 +6,7 @@
 
 namespace tarnel {
 
-// The possible points of the current row of TASKS as it stands, from session().thePointsTable.
+// The possible points of the current row of TASKS as it is, from session().thePointsTable.
 std::int32_t possiblePoints(ado::Recordset& task);
 
 }  // namespace tarnel

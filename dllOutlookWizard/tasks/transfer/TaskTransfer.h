@@ -6,7 +6,7 @@
 
 namespace tarnel {
 
-// The commands that act on the checked rows of a list and on both sides of the link. Each attaches to Outlook anew,
+// The commands that act on the checked rows of a list and on both sides of the link. Each attaches to Outlook again,
 // writes row by row, and lets go of Outlook at its end. True when the run came to its end; false when the user, Outlook
 // out of reach or a reported failure stopped it; what was written before stays.
 
@@ -26,7 +26,7 @@ bool MarkOutlookTasksAsDeleted(TaskLists& lists);
 // bear their GUIDs.
 bool MarkTarnelTasksAsDeleted(TaskLists& lists);
 
-// Deletes a task's rows: TASKS, then TASKKEYWORDS, then TASKAPPTS; each statement stands for itself.
+// Deletes a task's rows: TASKS, then TASKKEYWORDS, then TASKAPPTS; each statement by itself.
 bool deleteTask(const std::string& key);
 
 }  // namespace tarnel

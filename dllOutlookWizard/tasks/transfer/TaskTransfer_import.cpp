@@ -39,7 +39,7 @@ class TaskImport {
     const std::string entryId = CStringBag(checked.Tag()).ReadItem(outlookLink::entryId);
     checked.setChecked(false);
     letEventsRunAttached();
-    // What ran in between may have filled the list anew.
+    // What ran in between may have filled the list again.
     if (!lists_.outlookList.Items().Exists(key)) return;
     SmartItem& row = lists_.outlookList.Items().Item(key);
     const auto folder = outlookNameSpace().GetDefaultFolder(outlook::DefaultFolder::tasks);

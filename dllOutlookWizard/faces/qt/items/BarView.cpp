@@ -100,7 +100,7 @@ void BarView::show(SmartItem& item) {
   arrangeWhereSized();
 }
 
-// A line between two groups goes with the group behind it, up to the next line.
+// A line between two groups goes with the group after it, up to the next line.
 bool BarView::dividesNothing(const Place& separator) const {
   auto next = std::ranges::find(places_, separator.item, &Place::item);
   while (++next != places_.end() && next->item->Type() != SmartItemType::separator)

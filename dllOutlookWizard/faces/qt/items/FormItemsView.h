@@ -36,7 +36,7 @@ class FormItemsView : public ItemsPanel {
 
   QScrollArea* area_;
   std::vector<Row> rows_;
-  QLabel* label_ = nullptr;  // waits for the drop-down that it stands beside
+  QLabel* label_ = nullptr;  // waits for the drop-down that it is beside
 };
 
 }  // namespace tarnel::qt

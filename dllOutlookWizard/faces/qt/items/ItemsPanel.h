@@ -8,7 +8,7 @@
 
 namespace tarnel::qt {
 
-// Shows each item of a control as a widget of its own. When items come or go all widgets are made anew, at the event
+// Shows each item of a control as a widget of its own. When items come or go all widgets are made again, at the event
 // loop's next round; until then none of the old ones is touched, since its item may be gone.
 class ItemsPanel : public QWidget {
  public:

@@ -10,9 +10,9 @@ namespace tarnel::qt {
 QColor toQColor(Color color);
 // `share` of `over`, 0 to 1, laid on `under`.
 QColor blend(const QColor& under, const QColor& over, double share);
-// Black or white, whichever stands out more on `ground`.
+// Black or white, whichever is easier to see on `ground`.
 QColor readableOn(const QColor& ground);
-// How far two colours stand apart for the eye, 1 to 21 (WCAG 2's contrast ratio).
+// The contrast of two colours, 1 to 21 (WCAG 2's contrast ratio).
 double contrast(const QColor& one, const QColor& other);
 
 bool isDark(const QPalette& palette);

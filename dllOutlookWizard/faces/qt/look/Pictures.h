@@ -9,7 +9,7 @@ class QPainter;
 namespace tarnel::qt {
 
 // Draws the picture of this key, "Tarnel", "OUTLOOK", "CHECK", "print" or "preview", as large as `place`, sharp at
-// every scale. Its own colours stand out on light and dark grounds. Draws nothing for any other key.
+// every scale. Its own colours are easy to see on light and dark grounds. Draws nothing for any other key.
 void paintPicture(QPainter& painter, const QRectF& place, const std::string& key);
 
 // The same for a menu; no icon for a key without a picture. What is disabled or selected is toned by the style.

@@ -8,7 +8,7 @@ namespace tarnel::qt {
 
 inline QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-// The font of all that stands on a form. Places are given in twips whatever the desktop's font size, so its family
+// The font of all texts on a form. Places are given in twips whatever the desktop's font size, so its family
 // follows the desktop and its size does not; the screen's scale enlarges both.
 QFont formFont();
 
@@ -17,7 +17,7 @@ QString oneLine(const std::string& utf8);
 // What a check row shows: as oneLine, with "&&" as "&" and a single "&" as it is.
 QString rowCaption(const std::string& utf8);
 
-// A tool tip that shows `plain` as it stands, in lines of a readable length and cut when it is endless.
+// A tool tip that shows `plain` as it is, in lines of a readable length and cut when it is endless.
 QString toolTip(const QString& plain);
 
 }  // namespace tarnel::qt

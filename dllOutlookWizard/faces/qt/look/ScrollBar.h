@@ -4,7 +4,7 @@
 
 namespace tarnel::qt {
 
-// A scroll bar whose handle stands out on the ground of lists, light or dark.
+// A scroll bar whose handle is easy to see on the ground of lists, light or dark.
 class ScrollBar : public QScrollBar {
  public:
   using QScrollBar::QScrollBar;

@@ -106,7 +106,7 @@ void PaperJob::sizePictures() {
     int end;
     QTextImageFormat picture;
   };
-  std::vector<Place> places;  // setting a size makes the pieces of its block anew
+  std::vector<Place> places;  // setting a size makes the pieces of its block again
   for (QTextBlock block = source_.begin(); block.isValid(); block = block.next()) {
     for (auto at = block.begin(); !at.atEnd(); ++at) {
       const QTextFragment piece = at.fragment();
@@ -130,8 +130,8 @@ void PaperJob::sizePictures() {
   }
 }
 
-// A heading at the foot of a page goes to the next one, where its text is. Each moved heading moves what is behind it,
-// so the pages are asked for anew each time.
+// A heading at the foot of a page goes to the next one, where its text is. Each moved heading moves what is after it,
+// so the pages are asked for again each time.
 void PaperJob::keepHeadingsWithTheirText() {
   const auto pageOf = [this](const QTextBlock& block, bool wholeFirstLine) {
     const double top = source_.documentLayout()->blockBoundingRect(block).top();  // lays the block out where need be

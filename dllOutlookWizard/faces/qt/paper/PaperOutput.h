@@ -11,7 +11,7 @@ namespace tarnel::qt {
 // zoom and paging.
 class PaperOutput : public DocumentOutput {
  public:
-  // Dialogs stand above `parent` for as long as that is there.
+  // Dialogs are shown above `parent` for as long as that is there.
   explicit PaperOutput(QWidget* parent) : parent_(parent) {}
 
   void print(const Document& document, const std::string& jobName) override;

@@ -58,7 +58,7 @@ void DayScheduleView::layOut() {
   if (layout_.minuteAt(verticalScrollBar()->value()) != topMinute) verticalScrollBar()->setValue(layout_.at(topMinute));
 }
 
-// Wherever the schedules stand, the first rows of all start at one height.
+// Wherever the schedules are, the first rows of all start at one height.
 DayScheduleView::Head DayScheduleView::head() const {
   const auto top = [](const DayScheduleView& each) { return each.viewport()->mapTo(each.window(), QPoint()).y(); };
   int lowest = top(*this);
@@ -216,8 +216,8 @@ QString DayScheduleView::describe(std::int16_t index) const {
 }
 
 QString DayScheduleView::hoursNotShown() const {
-  if (layout_.before() + layout_.behind() == 0) return {};
-  return tr("Outside the hours shown: %1 earlier, %2 later").arg(layout_.before()).arg(layout_.behind());
+  if (layout_.before() + layout_.after() == 0) return {};
+  return tr("Outside the hours shown: %1 earlier, %2 later").arg(layout_.before()).arg(layout_.after());
 }
 
 bool DayScheduleView::viewportEvent(QEvent* event) {

@@ -20,7 +20,7 @@ class DayScheduleView : public QAbstractScrollArea {
   DayScheduleView(ctMDay& control, ViewSite& site, QWidget* parent);
   ~DayScheduleView() override;
 
-  // Where an appointment stands in the viewport; nowhere when it isn't on the day or in the hours shown.
+  // Where an appointment is in the viewport; nowhere when it isn't on the day or in the hours shown.
   QRect placeOf(std::int16_t index);
   // That which the keys act on; 0 for none.
   std::int16_t current() const { return current_; }
@@ -40,7 +40,7 @@ class DayScheduleView : public QAbstractScrollArea {
  private:
   void changed();
   void layOut();
-  // What stands above the rows, in pixels: the day's name, and that with the band below it.
+  // What is above the rows, in pixels: the day's name, and that with the band below it.
   struct Head {
     int title;
     int whole;

@@ -34,7 +34,7 @@ QString rowLabel(int minute, int minutesPerRow, bool startsHour) {
   return QStringLiteral(":%1").arg(minute % minutesOfHour, 2, 10, QChar(u'0'));
 }
 
-// A triangle at the edge behind which the appointment goes on.
+// A triangle at the edge beyond which the appointment goes on.
 void paintSign(QPainter& painter, const QRect& box, bool sideways, bool atEnd) {
   const double reach = atEnd ? 4 : -4;
   const double x = sideways && !atEnd ? box.left() + 6 : box.right() - 5;
@@ -50,7 +50,7 @@ void paintLine(QPainter& painter, const QRect& room, const QString& shown) {
                    painter.fontMetrics().elidedText(shown, Qt::ElideRight, room.width()));
 }
 
-// As many whole lines as fit, the first one behind `indent`; what is left over is told by dots.
+// As many whole lines as fit, the first one after `indent`; what is left over is told by dots.
 void paintLines(QPainter& painter, const QRect& place, int indent, const QString& shown) {
   const int height = painter.fontMetrics().height();
   const int lines = std::max(place.height() / height, 1);
@@ -139,7 +139,7 @@ void DayScheduleView::paintHead(QPainter& painter, const Head& head) const {
   painter.setPen(palette().color(QPalette::WindowText));
   QString notShown;
   if (layout_.before() > 0) notShown += QStringLiteral("\u2191%1 ").arg(layout_.before());
-  if (layout_.behind() > 0) notShown += QStringLiteral("\u2193%1 ").arg(layout_.behind());
+  if (layout_.after() > 0) notShown += QStringLiteral("\u2193%1 ").arg(layout_.after());
   painter.drawText(title, Qt::AlignRight | Qt::AlignVCenter, notShown);
   QFont bold = font();
   bold.setBold(true);

@@ -21,7 +21,7 @@ struct Stretch {
         to(endsLater || (appointment.end == 0 && appointment.date == day + 1) ? ScheduleLayout::minutesOfDay
                                                                               : appointment.end),
         isOn(appointment.firstDay <= day && day <= appointment.lastDay) {
-    // The day's list takes in what starts at the midnight that ends it: it stands below the last hour.
+    // The day's list takes in what starts at the midnight that ends it: it is shown below the last hour.
     if (appointment.firstDay == day + 1 && appointment.start == 0) {
       from = to = ScheduleLayout::minutesOfDay;
       isOn = endsLater = true;
@@ -91,7 +91,7 @@ void ScheduleLayout::placeTimed(Box box, int from, int to) {
     return;
   }
   if (at(from) >= height() && !(from == ScheduleLayout::minutesOfDay && at(ScheduleLayout::minutesOfDay) <= height())) {
-    ++behind_;
+    ++after_;
     return;
   }
   const int top = std::clamp(at(from), 0, height() - lowestBox);

@@ -7,7 +7,7 @@
 
 namespace tarnel::qt {
 
-// Where the appointments of the day shown stand, in pixels from the top of the first row and from the left edge of the
+// Where the appointments of the day shown are, in pixels from the top of the first row and from the left edge of the
 // room beside the times. Those that overlap share the room's width; where they are too many to be read side by side
 // they lie over one another like a hand of cards, the last one on top.
 class ScheduleLayout {
@@ -32,11 +32,11 @@ class ScheduleLayout {
   const std::vector<Box>& boxes() const { return boxes_; }
   // Of the day, but outside the hours shown.
   int before() const { return before_; }
-  int behind() const { return behind_; }
+  int after() const { return after_; }
   int rows() const { return rows_; }
   int height() const { return rows_ * rowHeight; }
   int bandHeight() const { return bandRows_ * bandRowHeight; }
-  // Where a minute of the day stands; may lie outside the rows.
+  // Where a minute of the day is; may lie outside the rows.
   int at(int minute) const { return (minute - dayStart_) * rowHeight / minutesPerRow_; }
   int minuteAt(int y) const { return dayStart_ + y * minutesPerRow_ / rowHeight; }
   // The minute at which a row starts.
@@ -57,7 +57,7 @@ class ScheduleLayout {
   int rows_ = 0;
   int bandRows_ = 0;
   int before_ = 0;
-  int behind_ = 0;
+  int after_ = 0;
 };
 
 }  // namespace tarnel::qt

@@ -155,7 +155,7 @@ void FormWindow::addTabStops(const Control* container, QList<QWidget*>& stops) c
   for (const Control* control : form_.controls()) {
     if (control->container() != container) continue;
     addTabStops(control, stops);
-    // A container's own widgets, a splitter's bar, come behind what it holds.
+    // A container's own widgets, a splitter's bar, come after what it holds.
     if (QWidget* top = view(*control)) addOwnTabStops(*top, stops);
   }
 }

@@ -11,7 +11,7 @@ namespace tarnel::qt {
 
 class FormWindow;
 
-// Saves pictures of what would stand on a screen instead of waiting for a user: of each form that is shown, one a tab,
+// Saves pictures of what a screen would show instead of waiting for a user: of each form that is shown, one a tab,
 // as PNG files named after form and tab. Then it closes the form. Questions are answered with no.
 class PictureDesktop : public Desktop {
  public:

@@ -9,7 +9,7 @@ class QProgressBar;
 
 namespace tarnel::qt {
 
-// "n of N" with a bar. Modal above everything, and deaf itself: whatever the user does while it stands is lost.
+// "n of N" with a bar. Modal, above everything. What the user does while it is shown is ignored.
 class ProgressWindow : public QWidget {
  public:
   explicit ProgressWindow(QWidget* parent);

@@ -109,7 +109,7 @@ void QtDesktop::runModal(Form& form) {
   // Also where the window fails to come up: what is told of that is no child of one that has gone.
   const Listed listed(inside_->windows, window);
   window.present();
-  // Without a failure only the end of the whole program ends the loop of a form that still stands.
+  // Without a failure only the end of the whole program ends the loop of a form that is still open.
   if (form.Visible() && !window.hasFailed()) loop.exec();
   if (form.Visible() && !window.hasFailed()) form.unload();
   if (const std::exception_ptr failure = window.takeFailure()) std::rethrow_exception(failure);

@@ -6,7 +6,7 @@
 
 namespace tarnel::account {
 
-// The questions that are put to a calendar server, as XML. In `properties` stand elements such as "<d:getetag/>", with
+// The questions that are put to a calendar server, as XML. `properties` holds elements such as "<d:getetag/>", with
 // the prefixes d (WebDAV), c (CalDAV) and s (calendarserver.org).
 namespace bodies {
 

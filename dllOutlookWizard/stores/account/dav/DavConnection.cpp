@@ -70,7 +70,7 @@ std::vector<DavResponse> responsesIn(XmlElement&& element, const Url& from) {
       if (!url) failUnreadable(from, "it names an address that is none");
       if (url->host != from.host) failUnreadable(from, "it names items of another host, " + url->place());
       urls.push_back(*url);
-      // Behind a proxy a server may not know by which port and scheme it is reached.
+      // A server that is reached through a proxy may not know by which port and scheme it is reached.
       urls.back().scheme = from.scheme;
       urls.back().port = from.port;
     } else if (part.is(xml::dav, "status")) {

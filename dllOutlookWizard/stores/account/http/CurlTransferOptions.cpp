@@ -100,7 +100,7 @@ void CurlTransfer::setTrust() {
   CURL* handle = handle_.get();
   const HttpSettings& settings = account_.settings;
   const bool pinned = !settings.pinnedKey.empty();
-  // A pinned key stands in for signature and name: the handshake proves that the server has it.
+  // A pinned key replaces signature and name: the handshake proves that the server has it.
   set(handle, CURLOPT_SSL_VERIFYPEER, pinned ? 0L : 1L);
   set(handle, CURLOPT_SSL_VERIFYHOST, pinned ? 0L : 2L);
   set(handle, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));

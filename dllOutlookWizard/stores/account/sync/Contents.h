@@ -29,7 +29,7 @@ class ContentsPart {
  public:
   explicit ContentsPart(mailbox::IcsComponent component);
 
-  // What tells it from the item's other parts: its kind, and of an exception which occurrence it stands for.
+  // What tells it from the item's other parts: its kind, and of an exception which occurrence it replaces.
   std::string key() const;
   const mailbox::IcsComponent& component() const { return component_; }
 

@@ -16,7 +16,7 @@ struct IcsItem {
   std::vector<NamedProperty> properties;
   std::string tzid;                     // the zone of a series
   std::vector<WallSeconds> deleted;     // deleted occurrences, in the series' zone
-  std::optional<IcsTime> recurrenceId;  // this one stands for an occurrence
+  std::optional<IcsTime> recurrenceId;  // this one replaces an occurrence
   bool cancelled = false;
   int line = 0;
 };

@@ -98,7 +98,7 @@ class Translator {
     const Property* property = findProperty(filter.property);
     if (!property) return addUserProperty(filter);
     SqlValue wanted = value(filter, property->type);
-    // A text that stands for a number is a fraction, see number().
+    // A text that is used as a number is a fraction, see number().
     const bool isFraction = property->type == Type::number && std::holds_alternative<std::string>(wanted);
     result_.sql += std::string(property->sql) + std::string(sign(filter.comparison));
     result_.sql += isFraction ? "CAST(? AS NUMERIC)" : "?";
