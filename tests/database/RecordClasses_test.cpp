@@ -133,7 +133,7 @@ TEST_F(RecordClassesTest, anEmptyConnectionAloneIsLookedForAndThenFails) {
 
 TEST_F(RecordClassesTest, commandsGiveTheNumberOfRowsAndRunAgain) {
   clsTaskList tasks;
-  tasks.SetCMDSQL("UPDATE TASKS SET tskImp = 3 WHERE tskGUIDID = 'a-1'");
+  tasks.SetCMDSQL("UPDATE TASKS SET tskImp = 3 WHERE tskGUIDID = 'A-1'");
   EXPECT_EQ(tasks.doCMDExec(), 1);
   tasks.SetCMDSQL("DELETE from TASKS WHERE tskGUIDID = 'B-2'");
   EXPECT_EQ(tasks.doCMDExec(), 1);

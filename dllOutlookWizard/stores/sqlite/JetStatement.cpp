@@ -5,6 +5,7 @@
 
 #include "Conversions.h"
 #include "Failure.h"
+#include "KeyColumns.h"
 #include "SqlText.h"
 
 namespace tarnel::sqlite {
@@ -18,10 +19,12 @@ bool isComparison(const Token& token) {
   return token.kind == TokenKind::symbol && std::find(signs.begin(), signs.end(), token.text) != signs.end();
 }
 
+bool isTruth(const Token& token) { return token.isWord("TRUE") || token.isWord("FALSE"); }
+
 // Beside one of these no text is compared. Named collations would keep the engine from its indexes on such columns.
 bool isNoText(const Token& token) {
-  return token.kind == TokenKind::number || token.kind == TokenKind::date || token.isSymbol("-") ||
-         token.isWord("TRUE") || token.isWord("FALSE") || token.isWord("NULL");
+  return token.kind == TokenKind::number || token.kind == TokenKind::date || token.isSymbol("-") || isTruth(token) ||
+         token.isWord("NULL");
 }
 
 std::string translated(const Token& token) {
@@ -46,16 +49,21 @@ class Translation {
   std::string run() {
     for (at_ = 0; at_ < tokens_.size(); ++at_) {
       const Token& token = tokens_[at_];
-      if (endsOrderTerm(token)) collate();
+      if (endsOrderTerm(token)) write("COLLATE NOCASE");
       if (token.isSymbol("(")) ++depth_;
       if (token.isSymbol(")")) --depth_;
       if (comparesTexts(token)) collate();
+      if (comparesTruths(token)) {
+        const bool wantsTrue = token.text.starts_with("=") == tokens_[++at_].isWord("TRUE");
+        write(wantsTrue ? "<> 0" : "= 0");
+        continue;
+      }
       // "DELETE * FROM" is Jet's.
       if (token.isSymbol("*") && at_ > 0 && tokens_[at_ - 1].isWord("DELETE")) continue;
       write(translated(token));
       followOrder(token);
     }
-    if (inOrderTerm_) collate();
+    if (inOrderTerm_) write("COLLATE NOCASE");
     return std::move(sql_);
   }
 
@@ -67,7 +75,30 @@ class Translation {
     if (!sql_.empty()) sql_ += ' ';
     sql_ += piece;
   }
-  void collate() { write("COLLATE NOCASE"); }
+  // Keys compare to the letter, other texts without regard to case.
+  void collate() {
+    const bool byKey =
+        (at_ > 0 && namesKeys(at_ - 1)) || (isComparison(tokens_[at_]) && namesKeys(lastOfName(at_ + 1)));
+    write(byKey ? "COLLATE BINARY" : "COLLATE NOCASE");
+  }
+  bool namesKeys(std::size_t at) const {
+    const Token* token = neighbour(at);
+    return token && (token->kind == TokenKind::word || token->kind == TokenKind::quotedName) &&
+           ado::holdsKeys(token->text);
+  }
+  // Of a name like table.column that begins here, where the column is.
+  std::size_t lastOfName(std::size_t at) const {
+    while (neighbour(at + 1) && tokens_[at + 1].isSymbol(".") && neighbour(at + 2)) at += 2;
+    return at;
+  }
+
+  // Whether this token compares with TRUE or FALSE. Any number but 0 is true: other programs write -1.
+  bool comparesTruths(const Token& token) const {
+    const Token* right = neighbour(at_ + 1);
+    static constexpr std::array<std::string_view, 4> signs{"=", "==", "<>", "!="};
+    return token.kind == TokenKind::symbol && std::find(signs.begin(), signs.end(), token.text) != signs.end() &&
+           right && isTruth(*right) && !inAssignments();
+  }
 
   // Whether a comparison that may be one of texts starts at this token, so that its left side is complete.
   bool comparesTexts(const Token& token) const {

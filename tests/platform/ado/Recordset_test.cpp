@@ -222,7 +222,7 @@ TEST_F(RecordsetTest, aNewRowThatTheDatabaseRefusesStaysPendingWithTheOthers) {
   openAll();
   set("tskDesc", "changed");
   rows.AddNew();
-  set("tskGUIDID", "a-1");
+  set("tskGUIDID", "A-1");
   EXPECT_NE(failureOf([&] { rows.UpdateBatch(); }), 0);
   EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS ORDER BY tskGUIDID"), "Pay rent\npack\nCall\n");
   set("tskGUIDID", "E-5");

@@ -72,6 +72,9 @@ TEST_F(SqliteProviderTest, textsCompareAndSortWithoutRegardToCase) {
   EXPECT_EQ(countOf("tskDesc BETWEEN 'CA' AND 'CZ'"), 1U);
   EXPECT_EQ(countOf("tskDesc <> 'pay' AND tskDesc >= 'CALL'"), 1U);
   EXPECT_EQ(countOf("tskDesc & 'x' = 'PAYX'"), 1U);
+  database.run("UPDATE TASKS SET tskProjectKey = 'prj' WHERE tskGUIDID = 'A-1'");
+  EXPECT_EQ(countOf("tskProjectKey = 'PRJ' OR tskProjectKey IN ('Prj') OR 'pRJ' = Tasks.tskProjectKey"), 0U) << "a key";
+  EXPECT_EQ(countOf("tskProjectKey = 'prj' AND tskProjectKey <> 'PRJ' AND 'prj' = [tskProjectKey]"), 1U);
   EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS ORDER BY tskDesc"), "call\nPay\n");
   EXPECT_EQ(database.describe("SELECT tskDesc FROM TASKS ORDER BY tskStatus, tskDesc DESC"), "Pay\ncall\n");
 }
@@ -84,7 +87,10 @@ TEST_F(SqliteProviderTest, datesAndTruthValuesAreComparedAsTheyAreHeld) {
       database.describe("SELECT taGUIDID from TaskAPPTS WHERE taStartTime >= #11/19/2026 00:00:00# AND taStartTime <= "
                         "#11/20/2026 00:00:00#ORDER BY taStartTime"),
       "X\nY\n");
+  database.run("UPDATE TASKS SET tskCurrent = -1 WHERE tskGUIDID = 'A-1'");  // as other programs write it
   EXPECT_EQ(countOf("tskCurrent = TRUE"), 2U);
+  EXPECT_EQ(countOf("tskCurrent <> FALSE AND NOT tskCurrent = FALSE"), 2U);
+  EXPECT_EQ(countOf("tskCurrent <> TRUE"), 0U);
   EXPECT_EQ(countOf("Tasks.tskHasSchedule = FALSE AND tskDeadline IS NULL"), 2U);
 }
 
