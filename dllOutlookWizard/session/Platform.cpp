@@ -19,6 +19,8 @@ const Platform& platform() {
   return *installed();
 }
 
+bool platformIsInstalled() { return installed().has_value(); }
+
 void installPlatform(Platform platform) { installed().emplace(std::move(platform)); }
 
 void removePlatform() { installed().reset(); }

@@ -51,6 +51,7 @@ struct Platform {
 
 // The platform of this thread. Using it before it was installed is a mistake of ours.
 const Platform& platform();
+bool platformIsInstalled();
 void installPlatform(Platform platform);
 void removePlatform();
 

@@ -6,6 +6,7 @@
 
 #include "Failure.h"
 #include "ReportWizardError.h"
+#include "RunningProcedure.h"
 
 namespace tarnel {
 
@@ -20,6 +21,7 @@ namespace tarnel {
 //   }
 template <class Result, class Body>
 Result standardHandler(const Module& module, std::string_view procedure, Body&& body) {
+  const RunningProcedure running;
   Result result{};
   try {
     std::forward<Body>(body)(result);

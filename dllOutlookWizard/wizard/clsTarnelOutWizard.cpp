@@ -30,7 +30,7 @@ void clsTarnelOutWizard::Setup(bool curDoingAppts, const std::string& theTimeDis
     listenToForm();
     form->load();
     form->SetupForm(CurDate);
-    form->showModal(platform().desktop);
+    runModal(*form);
   });
   letGoOfForm();
 }

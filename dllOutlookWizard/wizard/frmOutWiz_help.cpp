@@ -17,7 +17,7 @@ bool frmOutWiz::openHelpPop(std::int32_t HelpNum) {
     popup->load();
     popup->Setup(HelpNum);
     popup->setHelpPrinterSettings(session().theTaskPrintSetting);
-    popup->showModal(platform().desktop);
+    runModal(*popup);
     helpPop_closePop();
     opened = true;
   });

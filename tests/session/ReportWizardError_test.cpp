@@ -95,5 +95,32 @@ TEST_F(Failing, questionsAskAndMessagesTellUnderTheProductsTitle) {
   EXPECT_EQ(messages[2].icon, MessageIcon::critical);
 }
 
+struct RestingDatabase : NoDatabase {
+  void rest() noexcept override { ++rests; }
+  int rests = 0;
+};
+
+TEST_F(Failing, databaseRestsAfterEachCommandAlsoInsideAModalForm) {
+  RestingDatabase database;
+  platform.use(database);
+  const auto command = [] {
+    standardHandler(modules::frmOutWiz, "outer", [] { standardHandler(modules::frmOutWiz, "inner", [] {}); });
+  };
+  command();
+  EXPECT_EQ(database.rests, 1);
+  LoadedForm form("form", unloaded);
+  platform.desktop.onModal = [&](Form& shown) {
+    command();
+    command();
+    EXPECT_EQ(database.rests, 3);
+    shown.unload();
+  };
+  standardHandler(modules::frmOutWiz, "Setup", [&] {
+    runModal(form);
+    EXPECT_EQ(database.rests, 3) << "the procedure that showed the form still runs";
+  });
+  EXPECT_EQ(database.rests, 4);
+}
+
 }  // namespace
 }  // namespace tarnel::test

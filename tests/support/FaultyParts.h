@@ -15,6 +15,8 @@ class FaultyDatabase : public ado::Provider {
     return std::make_shared<Session>(faults().call("database.open", [&] { return real_.open(connectionString); }));
   }
 
+  void rest() noexcept override { real_.rest(); }
+
  private:
   class Session : public ado::Session {
    public:

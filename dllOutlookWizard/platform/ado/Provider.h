@@ -87,6 +87,8 @@ class Provider {
   virtual ~Provider() = default;
   // Opens what the connection string names and never creates it. Sessions on one string may share what lies below.
   virtual std::shared_ptr<Session> open(std::string_view connectionString) = 0;
+  // A command is over: what its sessions hold open may be let go of until their next use. Never fails.
+  virtual void rest() noexcept {}
 };
 
 // Opens through the provider; an empty connection string is failure 3709.

@@ -25,6 +25,13 @@ class Connections {
     return connection;
   }
 
+  // Each that is in use.
+  template <class Visit>
+  void each(Visit visit) const {
+    for (const auto& [path, connection] : inUse_)
+      if (const auto used = connection.lock()) visit(*used);
+  }
+
  private:
   using Place = std::unique_ptr<Opened>;
 

@@ -24,4 +24,8 @@ std::shared_ptr<ado::Session> SqliteProvider::open(std::string_view connectionSt
   return sessions_.to(path, [&path] { return std::make_unique<SqliteSession>(path); });
 }
 
+void SqliteProvider::rest() noexcept {
+  sessions_.each([](SqliteSession& session) { session.letGo(); });
+}
+
 }  // namespace tarnel::sqlite

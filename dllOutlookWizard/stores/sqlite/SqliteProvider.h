@@ -16,6 +16,7 @@ class SqliteProvider : public ado::Provider {
   ~SqliteProvider() override;
 
   std::shared_ptr<ado::Session> open(std::string_view connectionString) override;
+  void rest() noexcept override;
 
  private:
   Connections<SqliteSession> sessions_;

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "ColumnTypes.h"
 #include "Conversions.h"
@@ -78,16 +79,45 @@ ado::Result readSelect(Database& database, const JetStatement& select) {
 
 }  // namespace
 
-SqliteSession::SqliteSession(const std::filesystem::path& path) : file_(path), database_(checked(path)) {
+SqliteSession::Opened::Opened(const std::filesystem::path& path) : file(path), database(checked(path)) {
   // The first look at the contents, where a damaged file shows.
-  database_.run("SELECT count(*) FROM sqlite_schema");
+  database.run("SELECT count(*) FROM sqlite_schema");
+}
+
+SqliteSession::SqliteSession(const std::filesystem::path& path)
+    : path_(path), opened_(std::make_unique<Opened>(path)) {}
+
+bool SqliteSession::rest() {
+  if (!opened_) return false;
+  rests_ = rests_ || opened_->file.rest(opened_->database);
+  return rests_;
+}
+
+bool SqliteSession::wake() {
+  if (!opened_) return false;
+  return !std::exchange(rests_, false) || opened_->file.wake(opened_->database);
+}
+
+void SqliteSession::letGo() noexcept {
+  if (!opened_ || rest()) return;
+  // The log has been brought into the file meanwhile, so that it can't be told whether others wrote there, too.
+  opened_->file.emptyLog(opened_->database);
+  opened_.reset();
+}
+
+SqliteSession::Opened& SqliteSession::opened() {
+  if (!wake()) {
+    opened_.reset();  // before the file is opened again
+    opened_ = std::make_unique<Opened>(path_);
+  }
+  return *opened_;
 }
 
 ado::Result SqliteSession::query(std::string_view statement) {
   const JetStatement select(statement);
   if (!select.isSelect())
     throw Failure(failure::badStatement, "A recordset opens on a SELECT statement only: " + std::string(statement));
-  return readSelect(database_, select);
+  return readSelect(database(), select);
 }
 
 std::int32_t SqliteSession::execute(std::string_view statement) {
@@ -95,20 +125,20 @@ std::int32_t SqliteSession::execute(std::string_view statement) {
   if (!command.isCommand())
     throw Failure(failure::badStatement,
                   "A command runs INSERT, UPDATE, DELETE and the like only: " + std::string(statement));
-  Statement prepared(database_, command.sql(), Statement::Use::once);
-  prepareToWrite();
-  const int before = sqlite3_total_changes(database_.handle());
+  Statement prepared(database(), command.sql(), Statement::Use::once);
+  Database& database = databaseToWrite();
+  const int before = sqlite3_total_changes(database.handle());
   prepared.step();
   // Statements that touch no rows leave the last count as it was.
-  return sqlite3_total_changes(database_.handle()) == before ? 0 : static_cast<std::int32_t>(database_.changedRows());
+  return sqlite3_total_changes(database.handle()) == before ? 0 : static_cast<std::int32_t>(database.changedRows());
 }
 
 std::vector<ado::Written> SqliteSession::write(const ado::Result& shape, const std::vector<ado::Change>& changes) {
-  prepareToWrite();
-  Transaction transaction(database_);
+  Database& database = databaseToWrite();
+  Transaction transaction(database);
   std::vector<ado::Written> written;
   {
-    TableRows rows(database_, shape);
+    TableRows rows(database, shape);
     for (const ado::Change& change : changes) written.push_back(rows.write(change));
   }
   transaction.commit();
@@ -117,21 +147,23 @@ std::vector<ado::Written> SqliteSession::write(const ado::Result& shape, const s
 
 std::vector<std::optional<ado::Row>> SqliteSession::reread(const ado::Result& shape,
                                                            const std::vector<ado::Identity>& identities) {
-  TableRows rows(database_, shape);
+  TableRows rows(database(), shape);
   std::vector<std::optional<ado::Row>> found;
   found.reserve(identities.size());
   for (const ado::Identity& identity : identities) found.push_back(rows.read(identity));
   return found;
 }
 
-void SqliteSession::prepareToWrite() {
+Database& SqliteSession::databaseToWrite() {
+  Opened& used = opened();
   // The engine would write on into a file that no path leads to any more.
-  if (!isInReach())
+  if (!used.file.isInReach())
     throw Failure(failure::engine, "The database \"" + path().string() +
                                        "\" was removed or replaced while it was open, and nothing was written. Put it "
                                        "back, or close the wizard and open it again.");
-  if (!logIsOn_) database_.useWriteAheadLog();
-  logIsOn_ = true;
+  if (!used.logIsOn) used.database.useWriteAheadLog();
+  used.logIsOn = true;
+  return used.database;
 }
 
 }  // namespace tarnel::sqlite

@@ -6,6 +6,7 @@
 
 #include "Database.h"
 #include "FailureOf.h"
+#include "Statement.h"
 #include "TaskDatabase.h"
 #include "createDatabase.h"
 
@@ -129,6 +130,27 @@ TEST_F(SqliteProviderTest, aSessionIsSharedAndLeavesTheFileAsIfClosedWhileNobody
   EXPECT_TRUE(test::contentsOf(database.path) != before) << "the file alone holds what was written";
   std::ofstream(database.path, std::ios::binary) << before;  // put back from a copy
   EXPECT_EQ(database.describe("SELECT tskGUIDID FROM TASKS"), "A-1\nB-2\n");
+}
+
+TEST_F(SqliteProviderTest, betweenCommandsTheFileAloneHoldsAllAndMayBePutBack) {
+  Database other(database.path);  // as another program has it open
+  other.run("SELECT count(*) FROM TASKS");
+  for (const int tasks : {1, 900}) {  // with many the engine itself empties the log on the way
+    database.provider.rest();
+    const std::string before = test::contentsOf(database.path);
+    for (int i = 0; i < tasks; ++i) session->execute("UPDATE TASKS SET tskImp = " + std::to_string(i % 5 + 1));
+    session->execute("DELETE FROM TASKS WHERE tskGUIDID = 'A-1'");
+    database.provider.rest();
+    std::filesystem::copy_file(database.path, folder / "copy.mdb", std::filesystem::copy_options::overwrite_existing);
+    Database copy(folder / "copy.mdb");
+    Statement count(copy, "SELECT count(*) FROM TASKS", Statement::Use::once);
+    EXPECT_TRUE(count.step() && count.number(0) == 1) << tasks;
+    std::ofstream(database.path, std::ios::binary) << before;
+    EXPECT_EQ(query("SELECT tskGUIDID FROM TASKS").rows.size(), 2U) << tasks;
+  }
+  database.provider.rest();
+  std::filesystem::remove(database.path);
+  EXPECT_EQ(failureOf([&] { query("SELECT tskGUIDID FROM TASKS"); }), failure::engine);
 }
 
 TEST_F(SqliteProviderTest, replacedFileTakesNoWritesOfTheOldSession) {
