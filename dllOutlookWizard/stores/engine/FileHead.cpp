@@ -53,6 +53,12 @@ std::uint32_t FileHead::number(std::size_t at, std::size_t width) const {
   return value;
 }
 
+bool FileHead::hasOtherNames() const {
+  std::error_code none;
+  const auto names = std::filesystem::hard_link_count(path_, none);
+  return !none && names > 1;
+}
+
 bool FileHead::isCutShort() const {
   if (bytes_.size() < size) return true;
   const std::uint32_t stored = number(pageSizeAt, 2);

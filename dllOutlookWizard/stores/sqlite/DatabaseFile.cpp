@@ -52,6 +52,10 @@ void checkDatabaseFile(const fs::path& path) {
     if (behindPrefix.starts_with(jet))
       fail(path, "is a Microsoft Jet file, which this program can't read. Convert it, or create a new database.");
   if (!head.isDatabase()) fail(path, "is not a task database. Name another file; this one was left as it is.");
+  if (head.hasOtherNames())
+    fail(path,
+         "has several names (hard links), and programs that open it by different ones lose each other's writes. Remove "
+         "the other names, or open a copy.");
   if (head.isCutShort()) fail(path, "is damaged: it is shorter than it should be. Restore it from a backup.");
 }
 

@@ -28,7 +28,9 @@ TEST_F(BadFilesTest, whatIsNoSoundMailboxFailsByNameAndIsNotTouched) {
   run(folder_ / "other", "CREATE TABLE a(b)");
   const auto incomplete = folder_.write("incomplete", sound);
   run(incomplete, "PRAGMA journal_mode = DELETE; DELETE FROM folders WHERE id = 3; PRAGMA journal_mode = WAL");
+  std::filesystem::create_hard_link(folder_.write("linked", sound), folder_ / "second name");
   const std::vector<std::pair<std::filesystem::path, std::string>> bad = {
+      {folder_ / "linked", "several names"},
       {incomplete, "damaged"},
       {folder_.write("text", "Dear diary, " + std::string(500, 'x')), "no mailbox"},
       {folder_.write("empty", ""), "no mailbox"},

@@ -165,6 +165,9 @@ TEST_F(SqliteProviderTest, replacedFileTakesNoWritesOfTheOldSession) {
   session = database.open();
   std::filesystem::rename(folder / "second.mdb", database.path);
   EXPECT_NE(database.open(), session);
+  session.reset();
+  std::filesystem::create_hard_link(database.path, folder / "other name.mdb");
+  EXPECT_EQ(failureOf([&] { database.open(); }), failure::engine) << "two names would have two logs";
 }
 
 TEST_F(SqliteProviderTest, aLogThatIsPutBackWithItsFileIsRead) {

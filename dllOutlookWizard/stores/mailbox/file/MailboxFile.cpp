@@ -35,6 +35,9 @@ void requireSoundHead(const std::filesystem::path& path, const sqlite::FileHead&
   if (!head.isDatabase() || head.number(applicationIdAt) != schema::applicationId)
     failMailbox(path, "the file is no mailbox", "Choose a mailbox that Tarnel made, or create a new one.");
   if (head.number(userVersionAt) > schema::version) failNewerVersion(path, head.number(userVersionAt));
+  if (head.hasOtherNames())
+    failMailbox(path, "the file has several names (hard links), by which programs lose each other's writes",
+                "Remove the other names, or choose a copy.");
   if (head.isCutShort()) failMailbox(path, "the file is cut short", "Restore it from a copy.");
 }
 
