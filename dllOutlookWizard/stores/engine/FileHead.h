@@ -26,8 +26,8 @@ class FileHead {
   // Whether the file is shorter than it should be. With a write-ahead log beside it it may rightly lack pages that the
   // log still holds.
   bool isCutShort() const;
-  // Whether the file is there under other names, too (hard links). Each name has a log of its own, and two programs that
-  // open the file by two names lose each other's writes.
+  // Whether the file is there under other names, too (hard links). Each name has a log of its own, and two programs
+  // that open the file by two names lose each other's writes.
   bool hasOtherNames() const;
 
  private:

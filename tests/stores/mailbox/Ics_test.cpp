@@ -106,6 +106,7 @@ TEST_F(IcsTest, eachPropertyOfATaskIsReadAndWrittenBack) {
       {"DTSTART:20261119T233000Z|DURATION:P2D", "0 1 0 - 2026-11-22 0 0 0"},
       {"DTSTART;VALUE=DATE:20261119|DURATION:P2D|DUE:20261201T233000Z", "0 1 0 - 2026-12-02 0 0 0"},
       {"DURATION:P2D", "0 1 0 - - 0 0 0"},
+      {"DTSTART;VALUE=DATE:20261119|DURATION:P100000D", "0 1 0 - 2300-09-04 0 0 0"},
   };
   std::string components, expected;
   for (const auto& [lines, fields] : cases) {
@@ -213,12 +214,16 @@ TEST_F(IcsTest, aBadComponentIsToldByLineAndTheRestIsTaken) {
       "BEGIN:VJOURNAL\r\nUID:7\r\nEND:VJOURNAL\r\n"                                                  // 33
       "BEGIN:VTODO\r\nUID:8\r\nSUMMARY:caf\xE9\r\nEND:VTODO\r\n"                                     // 36: 38
       "BEGIN:VTODO\r\nUID:good\r\nSUMMARY:good\r\nEND:VTODO\r\n"
-      "BEGIN:VTODO\r\nUID:9\r\nPRIORITY:10\r\nEND:VTODO\r\n"                                              // 44: 46
-      "BEGIN:VTODO\r\nUID:10\r\nPERCENT-COMPLETE:101\r\nEND:VTODO\r\n"                                    // 48: 50
-      "BEGIN:VTODO\r\nUID:11\r\nX-TARNEL-TOTAL-WORK:1h\r\nEND:VTODO\r\n"                                  // 52: 54
-      "BEGIN:VEVENT\r\nUID:12\r\nDTSTART:20260102T080000\r\n"                                             // 56
-      "BEGIN:VEVENT\r\nUID:13\r\nDTSTART:20260102T080000\r\nDTEND;VALUE=DATE:20260103\r\nEND:VEVENT\r\n"  // 59
-      "BEGIN:VTODO\r\nUID:14\r\n");                                                                       // 64
+      "BEGIN:VTODO\r\nUID:9\r\nPRIORITY:10\r\nEND:VTODO\r\n"                                                  // 44: 46
+      "BEGIN:VTODO\r\nUID:10\r\nPERCENT-COMPLETE:101\r\nEND:VTODO\r\n"                                        // 48: 50
+      "BEGIN:VTODO\r\nUID:11\r\nX-TARNEL-TOTAL-WORK:1h\r\nEND:VTODO\r\n"                                      // 52: 54
+      "BEGIN:VEVENT\r\nUID:12\r\nDTSTART:20260102T080000\r\n"                                                 // 56
+      "BEGIN:VEVENT\r\nUID:13\r\nDTSTART:20260102T080000\r\nDTEND;VALUE=DATE:20260103\r\nEND:VEVENT\r\n"      // 59
+      "BEGIN:VEVENT\r\nUID:15\r\nDTSTART:20260102T080000\r\nDURATION:PT999999999M\r\nEND:VEVENT\r\n"          // 64: 67
+      "BEGIN:VTIMEZONE\r\nTZID:Dense\r\nBEGIN:STANDARD\r\nDTSTART:19700101T000000\r\nTZOFFSETFROM:+0000\r\n"  // 69
+      "TZOFFSETTO:+0100\r\nRRULE:FREQ=MINUTELY\r\nEND:STANDARD\r\nEND:VTIMEZONE\r\n"                          // 74
+      "BEGIN:VEVENT\r\nUID:16\r\nDTSTART;TZID=Dense:20260102T080000\r\nEND:VEVENT\r\n"                        // 78: 80
+      "BEGIN:VTODO\r\nUID:14\r\n");                                                                           // 64
   EXPECT_EQ(described(*openMailbox()), "Tasks|good||1|status 0|0/0\n");
   EXPECT_EQ(told(report),
             "1 0 0 "
@@ -236,7 +241,9 @@ TEST_F(IcsTest, aBadComponentIsToldByLineAndTheRestIsTaken) {
             "test.ics:54: X-TARNEL-TOTAL-WORK takes a whole number from -2147483648 to 2147483647\n"
             "test.ics:56: the VEVENT isn't ended\n"
             "test.ics:59: DTSTART and DTEND are not of one form\n"
-            "test.ics:64: the VTODO isn't ended\n");
+            "test.ics:67: DURATION \"PT999999999M\" is too long for a duration\n"
+            "test.ics:80: DTSTART \"20260102T080000\" is in the unknown time zone \"Dense\"\n"
+            "test.ics:82: the VTODO isn't ended\n");
 }
 
 TEST_F(IcsTest, whatIsNoCalendarFailsAndChangesNothing) {

@@ -63,20 +63,22 @@ class RuleWalk {
   bool allDay_;
 };
 
-// Skipping loses the count of hours in libical, so that an hourly walk begins at a step of its own instead; one
-// with further parts begins at the beginning.
-WallSeconds alignedHour(std::string_view text, const icalrecurrencetype& rule, WallSeconds start, WallSeconds from) {
-  const WallSeconds step = WallSeconds{3600} * rule.interval;
-  return from > start && text.find(";BY") == std::string_view::npos ? start + (from - start) / step * step : start;
+// Skipping loses the count of hours in libical, so that an hourly walk begins at a step of its own instead; at least a
+// day before, since libical's first hour of a walk with BYHOUR may come late.
+WallSeconds alignedHour(const icalrecurrencetype& rule, WallSeconds start, WallSeconds from) {
+  const WallSeconds step = WallSeconds{3600} * std::max<WallSeconds>(rule.interval, 1);
+  const WallSeconds early = from - secondsPerDay;
+  return early > start ? start + (early - start) / step * step : start;
 }
 
 void appendRuleStarts(std::string_view rule, WallSeconds start, bool allDay, WallSeconds from, WallSeconds to,
                       std::vector<WallSeconds>& starts) {
   if (const auto plain = PlainRule::parse(rule, start)) return plain->appendStarts(from, to, starts);
   const icalrecurrencetype parsed = parseRule(rule);
-  if (parsed.freq == ICAL_NO_RECURRENCE) return;
+  // No rule that an import takes repeats by minutes; in a mailbox from elsewhere one would fill each day without end.
+  if (parsed.freq == ICAL_NO_RECURRENCE || parsed.freq < ICAL_HOURLY_RECURRENCE) return;
   const bool hourly = parsed.freq == ICAL_HOURLY_RECURRENCE;
-  RuleWalk walk(parsed, hourly ? alignedHour(rule, parsed, start, from) : start, allDay);
+  RuleWalk walk(parsed, hourly ? alignedHour(parsed, start, from) : start, allDay);
   if (from > start && !hourly) walk.skipTo(from);
   while (const auto at = walk.next()) {
     if (*at > to) break;

@@ -26,11 +26,22 @@ std::shared_ptr<icaltimezone> borrowed(icaltimezone* zone) {
   return {zone, [](icaltimezone*) {}};
 }
 
+// Whether the zone's clock changes by rules that come once a year or once a month. libical keeps a list of all changes,
+// which one rule that is denser makes endless.
+bool changesSeldom(icalcomponent* definition) {
+  for (icalcomponent* part = icalcomponent_get_first_component(definition, ICAL_ANY_COMPONENT); part;
+       part = icalcomponent_get_next_component(definition, ICAL_ANY_COMPONENT))
+    for (icalproperty* rule = icalcomponent_get_first_property(part, ICAL_RRULE_PROPERTY); rule;
+         rule = icalcomponent_get_next_property(part, ICAL_RRULE_PROPERTY))
+      if (icalproperty_get_rrule(rule).freq < ICAL_MONTHLY_RECURRENCE) return false;
+  return true;
+}
+
 std::shared_ptr<icaltimezone> fromDefinition(const std::string& definition) {
   icalcomponent* component = icalparser_parse_string(definition.c_str());
   if (!component) return {};
   std::shared_ptr<icaltimezone> zone(icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
-  if (icalcomponent_isa(component) == ICAL_VTIMEZONE_COMPONENT &&
+  if (icalcomponent_isa(component) == ICAL_VTIMEZONE_COMPONENT && changesSeldom(component) &&
       icaltimezone_set_component(zone.get(), component) != 0)
     return zone;
   icalcomponent_free(component);

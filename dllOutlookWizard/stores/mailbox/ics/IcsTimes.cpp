@@ -75,10 +75,20 @@ WallSeconds IcsTimes::inSeries(const IcsSeries& series, const IcsTime& time) con
 }
 
 WallSeconds readDuration(const IcsProperty& property) {
+  // More digits than this overflow libical's numbers.
+  constexpr int mostDigits = 8;
+  int digits = 0;
+  for (const char each : property.value) {
+    digits = each >= '0' && each <= '9' ? digits + 1 : 0;
+    if (digits > mostDigits) failTime(property, property.value, "is too long for a duration");
+  }
   const icaldurationtype duration = icaldurationtype_from_string(property.value.c_str());
-  const int seconds = icaldurationtype_as_int(duration);
-  if (icaldurationtype_is_bad_duration(duration) || seconds < 0) failTime(property, property.value, "is no duration");
-  return seconds;
+  if (icaldurationtype_is_bad_duration(duration) || duration.is_neg)
+    failTime(property, property.value, "is no duration");
+  constexpr WallSeconds minute = 60;
+  constexpr WallSeconds hour = 60 * minute;
+  return (WallSeconds{duration.weeks} * 7 + duration.days) * secondsPerDay + duration.hours * hour +
+         duration.minutes * minute + duration.seconds;
 }
 
 }  // namespace tarnel::mailbox
