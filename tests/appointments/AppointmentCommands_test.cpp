@@ -4,7 +4,7 @@
 namespace tarnel::test {
 namespace {
 
-// The day with a Task Appointment that stands in Outlook, too, one that doesn't, an Outlook appointment, and a series.
+// The day with a Task Appointment that is in Outlook, too, one that doesn't, an Outlook appointment, and a series.
 struct AppointmentCommandsTest : AppointmentsTest {
   AppointmentCommandsTest() {
     addAppt("A1", "11/19/2026 08:00:00", "11/19/2026 09:00:00", "Write");
@@ -13,7 +13,7 @@ struct AppointmentCommandsTest : AppointmentsTest {
     addEvent({"SUMMARY:Stand-up", "DTSTART:20261102T091500", "DTEND:20261102T093000", "RRULE:FREQ=DAILY"});
     day().refreshDay();
     tarnel().select(1);
-    press("smtApptActions(0)", "UPDATE");  // A1 stands in Outlook, too
+    press("smtApptActions(0)", "UPDATE");  // A1 is in Outlook, too
     day().refreshDay();
   }
 

@@ -10,7 +10,7 @@ namespace {
 
 using DaySchedulesTest = AppointmentsTest;
 
-TEST_F(DaySchedulesTest, theDayStandsOnBothSidesEachRowWithItsOwner) {
+TEST_F(DaySchedulesTest, theDayIsOnBothSidesEachRowWithItsOwner) {
   addAppt("A2", "11/19/2026 14:00:00", "11/19/2026 13:30:00", "End before start");
   addAppt("A1", "11/19/2026 08:00:00", "11/19/2026 09:15:30", "Write");
   addAppt("A3", "11/18/2026 23:59:59", "11/19/2026 10:00:00", "Day before");

@@ -29,7 +29,7 @@ TEST(CStringBag, lookupIsAPlainTextSearch) {
   EXPECT_EQ(bag.ReadItem("IMP"), "7");
 }
 
-TEST(CStringBag, removesEveryPlaceWhereTheFirstEntryStands) {
+TEST(CStringBag, removesEveryPlaceOfTheFirstEntry) {
   CStringBag bag("A=1\tB=2\tA=1\tA=3\t");
   EXPECT_EQ(bag.ReadItem("A"), "1");
   bag.RemoveItem("a");

@@ -68,7 +68,7 @@ TEST_F(Component, sinksMayLeaveAndTheObjectBeReleasedInsideAnEvent) {
   EXPECT_EQ(library.canUnloadNow(), TARNEL_OK);
 }
 
-TEST_F(Component, onlyOneWizardStandsOnAThread) {
+TEST_F(Component, onlyOneWizardIsOpenOnAThread) {
   Wizard wizard(library, user), other(library, user);
   const auto sink = aSink([&](std::int32_t, TarnelVariant*) {
     EXPECT_EQ(wizard.setUp(), TARNEL_BUSY);
@@ -196,7 +196,7 @@ TEST_F(Component, worldThatRefusesTheWizardIsAResultWithItsWords) {
 
 #ifdef TARNEL_QT
 // Whatever face came before, a window that nobody could see or close is a failure, not a wait without end.
-TEST_F(Component, windowWithoutAScreenIsAFailureAlsoBehindPictures) {
+TEST_F(Component, windowWithoutAScreenIsAFailureAlsoAfterPictures) {
   for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) unsetenv(variable);
   Wizard wizard(library, user);
   const std::string folder = (user.home / "pictures").string();

@@ -54,7 +54,7 @@ struct RecordClassesTest : testing::Test {
   RecordsetPtr rst;
 };
 
-TEST_F(RecordClassesTest, eachOpensInItsModeAndProjectsStandAlone) {
+TEST_F(RecordClassesTest, eachOpensInItsModeAndProjectsAreDetached) {
   const auto dataMember = [](auto& records, RecordsetPtr& opened) { records.Class_GetDataMember("Recordset", opened); };
   const auto oneAppointment = [](clsTaskAppts& appointments, RecordsetPtr& opened) {
     appointments.SetSQLKey("SELECT * FROM TaskAPPTS");
@@ -141,7 +141,7 @@ TEST_F(RecordClassesTest, commandsGiveTheNumberOfRowsAndRunAgain) {
   EXPECT_EQ(database.describe("SELECT tskGUIDID, tskImp FROM TASKS"), "A-1|3\n");
 }
 
-TEST_F(RecordClassesTest, rowsAreReadAnewAndWritten) {
+TEST_F(RecordClassesTest, rowsAreReadAgainAndWritten) {
   clsTaskList tasks;
   tasks.SetSQL("SELECT * FROM TASKS ORDER BY tskGUIDID");
   ASSERT_TRUE(tasks.GetDataKEY(rst));

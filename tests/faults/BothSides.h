@@ -56,7 +56,7 @@ class BothSides {
   }
 
   // One whole run of the wizard. The lines are commands as "tarnel drive" takes them, the last of them the one with
-  // the fault; the line "open" stands for the opening. What the user got to know of that one, a line each: reports,
+  // the fault; the line "open" is the opening. What the user got to know of that one, a line each: reports,
   // messages, what escaped; then whether the wizard's window has gone.
   std::string run(const std::vector<std::string>& lines, std::size_t failingCall, Faults::Kind kind) {
     desktop_ = FakeDesktop();
@@ -85,7 +85,7 @@ class BothSides {
     // By the rules a command that failed leaves its session attached until the next one.
     session() = SessionState{};
     if (HeldObject::count != 0) text += std::to_string(HeldObject::count) + " objects of Outlook are still held\n";
-    if (!openForms().empty()) text += "a form is left behind\n";
+    if (!openForms().empty()) text += "a form is left open\n";
     return text;
   }
 
@@ -221,7 +221,7 @@ INSERT INTO TASKAPPTS (taGUIDID, taTaskGUIDID, taTaskDesc, taStartTime, taEndTim
       text += "reports " + report.procedure + " " + std::to_string(report.number) + "\n";
     for (const Message& message : desktop_.messages)
       if (message.buttons == MessageButtons::ok) text += "says " + message.text.substr(0, 40) + "\n";
-    return text + escaped_ + (gone_ ? "gone\n" : "stands\n");
+    return text + escaped_ + (gone_ ? "gone\n" : "open\n");
   }
   std::string folder(outlook::Application& user, outlook::DefaultFolder id) {
     const auto items = user.Session()->GetDefaultFolder(id)->items();

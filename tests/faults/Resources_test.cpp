@@ -7,7 +7,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What the built program tells when the machine gives it too little, and that both stores are sound behind it.
+// What the built program tells when the machine gives it too little, and that both stores are sound after it.
 struct Resources : Story {
   // The copy under a shell's limit. It ends by itself, with its last line, and well only where no failure was reported.
   ProgramResult copyUnder(const std::string& limit) {

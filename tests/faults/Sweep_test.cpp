@@ -70,7 +70,7 @@ const std::vector<Command>& commands() {
 }
 
 // A failing call is reported and takes all forms down. These are the roads that the rules give to some calls instead,
-// and the runs behind which a second one does not bring what it would have brought without the fault.
+// and the runs after which a second one does not bring what it would have brought without the fault.
 enum class Road { message, silence, notHealed };
 
 struct Exception {
@@ -94,7 +94,7 @@ std::vector<Exception> exceptions{
     {Road::message,
      {"deleteAppointmentsInTarnel", "deleteAppointmentsInOutlook"},
      {"outlook.createMAPIUtils", "outlook.Cleanup"},
-     "Outlook goes at the end, so that the schedule can't be read anew"},
+     "Outlook goes at the end, so that the schedule can't be read again"},
     {Road::silence, {"copyTasks"}, {"outlook.setDueDate"}, "an item goes on without a due date that Outlook refuses"},
     {Road::silence,
      words("copyTasks doneInTarnel deleteInTarnel"),
@@ -123,7 +123,7 @@ std::vector<Exception> exceptions{
     {Road::notHealed,
      {"deleteInTarnel"},
      words("database.open database.execute"),
-     "three statements delete a task, each for itself: its keywords and appointments may stay behind"},
+     "three statements delete a task, each for itself: its keywords and appointments may stay"},
 };
 
 bool isOneOf(const Words& words, const std::string& word) {
@@ -140,7 +140,7 @@ bool isException(Road road, const Command& command, const std::string& call) {
 
 bool isPromised(const std::string& told, const Command& command, const std::string& call) {
   if (told.find("lets out") != std::string::npos || told.find(" are still held") != std::string::npos ||
-      told.find("left behind") != std::string::npos)
+      told.find("left open") != std::string::npos)
     return false;
   if (told.starts_with("reports ")) return told.ends_with("gone\n");
   const bool message = told.find("says Tarnel cannot properly access") != std::string::npos;

@@ -59,7 +59,7 @@ TEST_F(AppointmentStories, copyMakesAnItemAndLaterCopiesWriteOverIt) {
   EXPECT_EQ(calendar() + links(), "Calendar|Rewrite|2026-11-19 09:00|2026-11-20 01:30|Tarnel|A\nA|A\nB|-\n");
 }
 
-TEST_F(AppointmentStories, itemThatIsNoCopyOfTheDayAnyMoreIsMadeAnew) {
+TEST_F(AppointmentStories, itemThatIsNoCopyOfTheDayAnyMoreIsMadeAgain) {
   const struct {
     const char* what;
     std::function<void()> change;

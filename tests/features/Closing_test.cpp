@@ -38,7 +38,7 @@ TEST_F(Closing, eachWayOutHasItsEventsAndItsOwnWayWithTheSettings) {
   }
 }
 
-TEST_F(Closing, commandsBehindTheEndAreNotCarriedOut) {
+TEST_F(Closing, commandsAfterTheEndAreNotCarriedOut) {
   EXPECT_EQ(drive("key 27\nshow\nlist smtActions\n").reply("show"), nullptr);
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 class OddMailbox : public Story {};
 
-TEST_F(OddMailbox, outlookOutOfReachIsToldAndTheWizardStandsOn) {
+TEST_F(OddMailbox, outlookOutOfReachIsToldAndTheWizardStaysOpen) {
   addTask("A", "Still here");
   run.home.write(mailboxFile, "no mailbox");
   const test::ProgramResult result = drive("list smtTaskList(0)\n");

@@ -54,7 +54,7 @@ struct Story : testing::Test {
   }
   static std::string told(const ProgramResult& result) { return told(result.facts()); }
   std::string told(const std::string& commands) const { return told(drive(commands)); }
-  // caption|picture of each row of a task list, behind these commands.
+  // caption|picture of each row of a task list, after these commands.
   std::string listed(const std::string& side, const std::string& commands = {}) const {
     std::string text;
     const json list = drive(commands + "list smtTaskList(" + side + ")\n").reply("list");
@@ -179,7 +179,7 @@ inline std::string onAll(const std::string& side, const std::string& action) {
 }
 inline const std::string pickAll = "choose smtSkedPickTasks TASKPICK Tarnel\n";
 
-// The wizard while it stands open: one command after the other, with the world changing in between.
+// The wizard while it is open: one command after the other, with the world changing in between.
 class OpenWizard {
  public:
   explicit OpenWizard(const std::string& shellCommand) : program_(shellCommand) {}

@@ -16,7 +16,7 @@ std::string described(const HelpPrintSettings& s) {
   return out.str();
 }
 
-// All keys in the host's order, with `changed` instead of what stands for its key.
+// All keys in the host's order, with `changed` instead of its own value.
 CStringBag bag(const std::string& changedKey = {}, const std::string& value = {}) {
   CStringBag settings;
   const std::vector<std::pair<std::string, std::string>> entries{
@@ -34,7 +34,7 @@ TEST(HelpPrintSettings, readsAllKeysAndNeedsNoCopies) {
   EXPECT_EQ(described(settings), "2.5 2 1.5 1 255 [Serif] 9 [left] [<#>]");
 }
 
-TEST(HelpPrintSettings, keysBehindAFaultyOneStayAsTheyWere) {
+TEST(HelpPrintSettings, keysAfterAFaultyOneStayAsTheyWere) {
   const struct {
     const char* key;
     const char* value;

@@ -14,7 +14,7 @@ std::string visibleItems(SmartUI& bar) {
   return keys;
 }
 
-TEST(PopHelp, topicStandsInBrowserCaptionAndPath) {
+TEST(PopHelp, topicIsInBrowserCaptionAndPath) {
   ShownHelp help;
   EXPECT_EQ(help.form->Caption(), "Tarnel: Outlook Task Import");
   EXPECT_EQ(help.form->helpPagePath(), help.folder() / "POP-OUTLOOKINTEGRATE.htm");

@@ -12,7 +12,7 @@
 
 namespace tarnel::test {
 
-// The values of these names, each with a bar behind it.
+// The values of these names, each with a bar after it.
 inline std::string valuesOf(const nlohmann::json& object, std::initializer_list<const char*> names) {
   std::string text;
   for (const char* name : names) {
@@ -22,7 +22,7 @@ inline std::string valuesOf(const nlohmann::json& object, std::initializer_list<
   return text;
 }
 
-// What one call of the program left behind.
+// What one call of the program left.
 struct ProgramResult {
   int exitCode = -1;
   std::string output;

@@ -54,7 +54,7 @@ struct ManageOutlookRef : testing::Test {
   Asked asked_{real_};
 };
 
-TEST_F(ManageOutlookRef, runningOutlookIsTakenElseOneIsStartedAndAProfileAlwaysHasItsOwn) {
+TEST_F(ManageOutlookRef, runningOutlookIsTakenElseStartedAndAProfileHasItsOwn) {
   const auto running = real_.createApplication();
   running->Session()->Logon();
   asked_.isRunning = true;

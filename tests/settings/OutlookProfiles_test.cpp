@@ -91,7 +91,7 @@ TEST_F(OutlookProfilesTest, canBeAddedUnderNamesThatAKeyCanBear) {
   EXPECT_EQ(profiles_.list()[0].mailbox, "/mail/Tom's \"A/B\" & Söhne.mailbox");
 }
 
-TEST_F(OutlookProfilesTest, theLastRemovedOneLeavesNoKeyBehind) {
+TEST_F(OutlookProfilesTest, theLastRemovedOneLeavesNoKey) {
   add("Home");
   add("Work");
   EXPECT_THROW(profiles_.remove("Wor"), Failure);

@@ -10,7 +10,7 @@
 namespace tarnel::test {
 
 // Counts the calls on the world outside of the wizard and makes one of them fail. Names are "outlook.Save",
-// "database.query", "rows.Find" and so on; what stands before the point is the seam.
+// "database.query", "rows.Find" and so on; what comes before the point is the seam.
 class Faults {
  public:
   enum class Kind {

@@ -7,7 +7,7 @@ namespace {
 
 using namespace outlook;
 
-// Stands in front of one real object.
+// Placed in front of one real object.
 template <class Interface, class Pointer = std::shared_ptr<Interface>>
 class Faulty : public Interface {
  public:
@@ -24,13 +24,13 @@ auto call(const char* name, Body&& body) {
   return faults().call(name, std::forward<Body>(body));
 }
 
-// The stand-in of what the real object gave; nothing for nothing.
+// The double of what the real object gave; nothing for nothing.
 template <class StandIn, class Pointer>
 std::shared_ptr<StandIn> inFrontOf(Pointer real) {
   return real ? std::make_shared<StandIn>(std::move(real)) : nullptr;
 }
 
-// A call that goes through under its name or another one, and one that gives an object, which gets a stand-in.
+// A call that goes through under its name or another one, and one that gives an object, which gets a double.
 #define CALL_AS(label, Result, name, parameters, arguments)                            \
   Result name parameters override {                                                    \
     return call("outlook." label, [&]() -> Result { return real()->name arguments; }); \
@@ -141,7 +141,7 @@ struct FaultyApplication : Faulty<Application> {
   GIVE(Item, faultyItem, CreateItem, (ItemType type), (type))
 };
 
-// The real wrapper works on the wizard's own stand-in, so that the item's calls are counted beneath the wrapper's.
+// The real wrapper works on the wizard's own double, so that the item's calls are counted beneath the wrapper's.
 template <class Kind, class Interface = SafeItem<Kind>>
 struct FaultySafeItem : Faulty<Interface, std::unique_ptr<Interface>> {
   using Faulty<Interface, std::unique_ptr<Interface>>::Faulty;

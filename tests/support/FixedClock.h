@@ -4,7 +4,7 @@
 
 namespace tarnel::test {
 
-// Stands on 2026-11-19 08:30:00 until it is set.
+// Tells 2026-11-19 08:30:00 until it is set.
 class FixedClock : public Clock {
  public:
   Date now() const override { return now_; }

@@ -27,7 +27,7 @@ struct LongCheckList : CheckList {
   LongCheckList() : CheckList(1000) {}
 };
 
-TEST_F(CheckList, clickBehindTheCaptionChecksARowUnlessTheListIsDisabled) {
+TEST_F(CheckList, clickAfterTheCaptionChecksARowUnlessTheListIsDisabled) {
   const QRect row = list.visualRect(list.model()->index(2, 0));
   for (int i = 0; i < 2; ++i) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(row.right() - 5, row.center().y()));

@@ -123,7 +123,7 @@ TEST_F(DaySchedule, clickAndSpaceSelectWhatIsThere) {
   EXPECT_EQ(selected.size(), 2U);
 }
 
-TEST_F(DaySchedule, bothSidesStayLevelThoughOneStandsLower) {
+TEST_F(DaySchedule, bothSidesStayLevelThoughOneIsLower) {
   form.left.AppAdd(540, 600, day, "A", "");
   form.right.AppAdd(540, 600, day, "B", "");
   form.right.AppAdd(0, 1439, day, "Holiday", "");
@@ -142,7 +142,7 @@ TEST_F(DaySchedule, bothSidesStayLevelThoughOneStandsLower) {
   }
 }
 
-TEST_F(DaySchedule, whatCrossesMidnightStandsOnEachOfItsDays) {
+TEST_F(DaySchedule, whatCrossesMidnightIsOnEachOfItsDays) {
   const auto add = [&](std::int16_t start, std::int16_t end, std::int32_t date, std::int32_t first, std::int32_t last) {
     const std::int16_t index = form.left.AppAdd(start, end, date, "Long", "");
     form.left.setAppDays(index, first, last);

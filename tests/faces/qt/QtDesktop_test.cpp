@@ -90,7 +90,7 @@ TEST(QtDesktop, failureOfAViewIsHandedOnAndCanBeReported) {
   }
 }
 
-TEST(QtDesktop, modalFormsStandAboveOneAnotherAndEachReturnsWithItsOwn) {
+TEST(QtDesktop, modalFormsAreAboveOneAnotherAndEachReturnsWithItsOwn) {
   QtDesktop desktop;
   LoadedForm lower, upper;
   std::string order;

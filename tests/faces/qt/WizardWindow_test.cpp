@@ -33,7 +33,7 @@ struct WizardWindow : testing::Test {
     closed_ = wizard_.CloseTheWizard.connect([this] { ++closeEvents_; });
   }
 
-  // Opens the wizard, does `act` once its window stands, and closes the window by its close box where `act` has not.
+  // Opens the wizard, does `act` once its window is open, and closes the window by its close box where `act` has not.
   void run(const std::function<void()>& act, bool appointments = false) {
     installPlatform({desktop_, platform_.clock, locale_, platform_.registry, database_.provider, outlook_,
                      platform_.errorReport, platform_.utilities, platform_.applicationFolder.path()});
@@ -208,7 +208,7 @@ TEST_F(WizardWindow, tabGoesAroundAllThatCanBeSeenAsTheEyeDoesAndEachHasAName) {
         const QPoint place = at->mapTo(window_, QPoint(0, 0));
         const bool samePane = (place.x() < window_->width() / 2) == (last.x() < window_->width() / 2);
         if (at->cursor().shape() == Qt::SplitHCursor) {
-          EXPECT_TRUE(reached.contains(&view(rightSide))) << "the bar comes behind what it divides";
+          EXPECT_TRUE(reached.contains(&view(rightSide))) << "the bar comes after what it divides";
         } else {
           EXPECT_TRUE(!samePane || place.y() + 3 >= last.y()) << name.toStdString();
           last = place;
@@ -221,7 +221,7 @@ TEST_F(WizardWindow, tabGoesAroundAllThatCanBeSeenAsTheEyeDoesAndEachHasAName) {
             !qobject_cast<QAbstractButton*>(widget))
           wanted.insert(widget);
       for (QWidget* widget : wanted) {
-        if (widget->inherits("QLineEdit")) continue;  // stands for its date box
+        if (widget->inherits("QLineEdit")) continue;  // is a part of its date box
         EXPECT_TRUE(reached.contains(widget)) << widget->metaObject()->className();
       }
       EXPECT_TRUE(reached.contains(&button("smtActions", "&Done")));

@@ -75,7 +75,7 @@ TEST(Form, loadedFormsAreListedInOrderAndLeaveWhenDestroyed) {
   second->load();
   const std::vector<Form*> walked = openForms();
   second.reset();
-  EXPECT_EQ(walked.size(), 2U) << "the walker's copy stands";
+  EXPECT_EQ(walked.size(), 2U) << "the walker's copy stays";
   EXPECT_EQ(openForms(), std::vector<Form*>{&first});
 }
 

@@ -56,10 +56,10 @@ TEST_F(Signals, listenerMayDestroyTheSignal) {
     signal.reset();
     heard += "d";
   });
-  Connection behind = listen("b");
+  Connection later = listen("b");
   (*signal)();
   EXPECT_EQ(heard, "db");
-  behind.disconnect();
+  later.disconnect();
 }
 
 TEST_F(Signals, nestedCallReachesEveryone) {

@@ -277,7 +277,7 @@ TEST(DavTest, aCollectionTellsItsRightsAndWhoItIs) {
   EXPECT_TRUE(full->takes("VTODO") && !full->takes("VEVENT") && read(type)->takes("VEVENT"));
 }
 
-TEST(DavTest, discoveryTriesTheServersOtherAddressesButNotAfterARefusedPassword) {
+TEST(DavTest, discoveryTriesOtherAddressesButNotAfterARefusedPassword) {
   const auto answersTo = [](const std::string& given, std::vector<HttpAnswer> answers) {
     ScriptedClient client(std::move(answers));
     DavConnection dav(client);

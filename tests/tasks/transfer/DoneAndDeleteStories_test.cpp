@@ -56,7 +56,7 @@ TEST_F(DoneAndDeleteStories, rowThatFailsKeepsNoOtherFromItsTurn) {
   EXPECT_EQ(mailbox(), "Tasks|Linked|0|A\nTasks|Outlook's own|2|-\nTasks|Task gone|2|GONE\nTasks|Second|2|D\n");
 }
 
-TEST_F(DoneAndDeleteStories, doneInOutlookCompletesBothSidesBehindItsQuestion) {
+TEST_F(DoneAndDeleteStories, doneInOutlookCompletesBothSidesAfterItsQuestion) {
   EXPECT_EQ(told(yes + onAll("1", "MARKASDONE")),
             "asks: One Outlook Task selected. It will be marked as done in Outlook.//Tarnel-based Tasks selected: 2 . "
             "They will be marked as done in both Outlook and Tarnel." +
@@ -133,7 +133,7 @@ TEST_F(DoneAndDeleteStories, outlookGoneBetweenTwoCommandsLosesNothing) {
   struct Command {
     const char* side;
     const char* action;
-    const char* told;  // behind the general message
+    const char* told;  // after the general message
   };
   const Command commands[] = {{"0", "MARKASDONE", "says: Unable to access Outlook"},
                               {"0", "DELETE", "says: Unable to access Outlook"},
